@@ -1,0 +1,18 @@
+// Marks what the library hands to its hosts. Three situations: building the dynamic library
+// (PAGESLICE_BUILDING), using it (the default), and static linking on either side (PAGESLICE_STATIC).
+#ifndef PAGESLICE_EXPORT_H
+#define PAGESLICE_EXPORT_H
+
+#if defined(PAGESLICE_STATIC)
+#define PAGESLICE_API
+#elif defined(_WIN32)
+#if defined(PAGESLICE_BUILDING)
+#define PAGESLICE_API __declspec(dllexport)
+#else
+#define PAGESLICE_API __declspec(dllimport)
+#endif
+#else
+#define PAGESLICE_API __attribute__((visibility("default")))
+#endif
+
+#endif

@@ -1,0 +1,88 @@
+#ifndef PAGESLICE_URL_MAP_H
+#define PAGESLICE_URL_MAP_H
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "pageslice/records.h"
+#include "pageslice/text.h"
+
+// The page's anchors with their link texts: an ordered collection that keeps every entry, equal keys
+// included.
+//
+// It is a red-black tree whose descent asks one question at each node: do the two link URLs differ within
+// the length of the shorter one? If they do, go left, else right. That is no ordering of URLs. Links that
+// all differ iterate in reverse order of insertion; a link that equals another, begins it or continues it
+// may land behind that one.
+//
+// The entries stand in one growing array and the tree's links, as indices, in a second one beside it, so
+// that a copy is a copy of two arrays and iterates like its source. Iterators are invalidated by Insert,
+// Clear and assignment. Insert costs O(log n) comparisons of URLs; a walk over all entries O(n).
+class UrlMap {
+public:
+    using value_type = std::pair<tag_a, text>; // the anchor, its link text
+
+    class const_iterator {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = UrlMap::value_type;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const value_type*;
+        using reference = const value_type&;
+
+        const_iterator() noexcept = default;
+        reference operator*() const noexcept { return m_pMap->m_entries[m_nNode]; }
+        pointer operator->() const noexcept { return &**this; }
+        const_iterator& operator++() noexcept {
+            m_nNode = m_pMap->nNext(m_nNode);
+            return *this;
+        }
+        const_iterator operator++(int) noexcept {
+            const const_iterator before = *this;
+            ++*this;
+            return before;
+        }
+        bool operator==(const const_iterator& other) const noexcept { return m_nNode == other.m_nNode; }
+        bool operator!=(const const_iterator& other) const noexcept { return m_nNode != other.m_nNode; }
+
+    private:
+        friend class UrlMap;
+        const_iterator(const UrlMap& map, std::uint32_t nNode) noexcept : m_pMap(&map), m_nNode(nNode) {}
+
+        const UrlMap* m_pMap = nullptr;
+        std::uint32_t m_nNode = NO_NODE;
+    };
+
+    const_iterator begin() const noexcept;
+    const_iterator end() const noexcept { return const_iterator(*this, NO_NODE); }
+    std::size_t size() const noexcept { return m_entries.size(); }
+    bool empty() const noexcept { return m_entries.empty(); }
+
+    // Adds an entry. Throws std::bad_alloc, and then the map is as it was.
+    void Insert(const tag_a& anchor, const text& tLinkText);
+    void Clear() noexcept;
+
+private:
+    static constexpr std::uint32_t NO_NODE = UINT32_MAX;
+
+    struct Node {
+        std::uint32_t nParent;
+        std::uint32_t nChild[2]; // left, right
+        bool bRed;
+    };
+
+    std::uint32_t nNext(std::uint32_t nNode) const noexcept;
+    std::uint32_t nFirstBelow(std::uint32_t nNode) const noexcept;
+    bool bIsRed(std::uint32_t nNode) const noexcept;
+    int nSideOf(std::uint32_t nNode) const noexcept;
+    void Rotate(std::uint32_t nNode, int nSide) noexcept;
+    void Rebalance(std::uint32_t nNode) noexcept;
+
+    std::vector<value_type> m_entries;
+    std::vector<Node> m_nodes;
+    std::uint32_t m_nRoot = NO_NODE;
+};
+
+#endif
