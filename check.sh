@@ -1,0 +1,108 @@
+#!/bin/sh
+# ./check.sh              builds and runs the tests
+# ./check.sh all          runs every stage
+# ./check.sh STAGE...     runs these stages; ./check.sh list names them
+# ./check.sh reformat     brings every source file into the project's format
+set -eu
+cd "$(dirname "$0")"
+
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install coverage"
+
+cores=$(nproc 2>/dev/null || echo 2)
+export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
+export CTEST_PARALLEL_LEVEL="${CTEST_PARALLEL_LEVEL:-$cores}"
+
+sources() { git ls-files --cached --others --exclude-standard "$@" | while read -r f; do [ ! -f "$f" ] || echo "$f"; done; }
+
+build() {
+  tools/quietly cmake --preset "$1"
+  tools/quietly cmake --build --preset "$1"
+}
+
+# Shows ctest's closing lines, and all it printed when a test fails.
+run_tests() {
+  log=build/$1/tests.log
+  ctest --preset "$1" >"$log" 2>&1 || { cat "$log"; exit 1; }
+  sed -n '/tests passed/,$p' "$log" | grep .
+}
+
+build_and_run_tests() { build "$1"; run_tests "$1"; }
+
+run_stage() {
+  case $1 in
+    format)
+      tools/need format
+      sources '*.h' '*.cpp' | xargs -r clang-format-14 --dry-run -Werror
+      ;;
+    reformat)
+      tools/need format
+      sources '*.h' '*.cpp' | xargs -r clang-format-14 -i
+      ;;
+    dev | release)
+      tools/need build test
+      build_and_run_tests "$1"
+      ;;
+    clang | asan | tsan)
+      tools/need build test clang
+      build_and_run_tests "$1"
+      ;;
+    tidy)
+      tools/need build test tidy
+      build dev
+      sources 'src/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
+        xargs -r -n 1 -P "$cores" tools/quietly clang-tidy-14 --quiet -p build/dev
+      ;;
+    cppcheck)
+      tools/need cppcheck
+      tools/quietly cppcheck --quiet --error-exitcode=1 --std=c++17 --language=c++ --inline-suppr -j "$cores" \
+        --enable=warning,performance,portability --suppress=missingIncludeSystem --suppress=internalAstError \
+        -I include -I src src include tools
+      ;;
+    valgrind)
+      tools/need build test valgrind
+      build dev
+      tools/quietly valgrind --quiet --error-exitcode=1 --leak-check=full build/dev/bin/pageslice_tests
+      ;;
+    linux-x86)
+      tools/need build test linux-x86
+      build_and_run_tests linux-x86
+      ;;
+    windows)
+      tools/need build test windows
+      build windows-x86
+      echo "windows-x86: built; its tests were not run (no 32-bit Wine here)"
+      build_and_run_tests windows-x64
+      ;;
+    install)
+      tools/need build test install
+      build release
+      tests/install/run build/release
+      ;;
+    coverage)
+      tools/need build test coverage
+      build_and_run_tests coverage
+      gcovr --root . --object-directory build/coverage --filter src/ --filter include/ --exclude-throw-branches \
+        --exclude-unreachable-branches --print-summary --txt build/coverage/coverage.txt
+      ;;
+    *)
+      echo "check.sh: no stage '$1'; there are: $stages" >&2
+      exit 2
+      ;;
+  esac
+}
+
+case ${1-} in
+  '') set -- dev ;;
+  # shellcheck disable=SC2086 # one word for each stage
+  all) set -- $stages ;;
+  list) printf '%s\n' $stages; exit ;;
+esac
+
+for stage; do
+  trap 'echo "check.sh: $stage failed" >&2' EXIT
+  begin=$(date +%s)
+  echo "== $stage"
+  run_stage "$stage"
+  echo "== $stage: passed in $(($(date +%s) - begin)) s"
+done
+trap - EXIT

@@ -1,0 +1,36 @@
+# What every target of this project is compiled with: language level, warnings, sanitizers, coverage.
+
+add_library(pageslice_compiler INTERFACE)
+target_compile_features(pageslice_compiler INTERFACE cxx_std_17)
+
+if(MSVC)
+  target_compile_options(pageslice_compiler INTERFACE /W4 /permissive- /utf-8 $<$<BOOL:${PAGESLICE_WERROR}>:/WX>)
+else()
+  # GCC and Clang share this list, so that clang-tidy can read GCC's command lines.
+  target_compile_options(pageslice_compiler INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    $<$<BOOL:${PAGESLICE_WERROR}>:-Werror>)
+endif()
+
+if(PAGESLICE_SANITIZE)
+  set(flags -fsanitize=${PAGESLICE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(pageslice_compiler INTERFACE ${flags})
+  target_link_options(pageslice_compiler INTERFACE ${flags})
+endif()
+
+if(PAGESLICE_COVERAGE)
+  target_compile_options(pageslice_compiler INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(pageslice_compiler INTERFACE --coverage)
+endif()
+
+# Makes a header-only library of the machine that builds usable by TARGET, also when it builds for another system,
+# whose compiler must not see the rest of that machine's headers.
+function(pageslice_use_headers target folder header)
+  find_path(PAGESLICE_${folder}_DIR ${folder}/${header} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  if(CMAKE_CROSSCOMPILING)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/headers)
+    file(CREATE_LINK ${PAGESLICE_${folder}_DIR}/${folder} ${PROJECT_BINARY_DIR}/headers/${folder} SYMBOLIC)
+    target_include_directories(${target} SYSTEM PRIVATE ${PROJECT_BINARY_DIR}/headers)
+  else()
+    target_include_directories(${target} SYSTEM PRIVATE ${PAGESLICE_${folder}_DIR})
+  endif()
+endfunction()

@@ -1,0 +1,57 @@
+# The library twice: shared for hosts, static for the program and the tests, which need the routines that the shared
+# one hides. Each compiles the sources for itself, because what they export differs.
+
+# Lowest floor first; a floor includes only itself and those before it.
+set(floors platform text scan url output tags parser)
+list(TRANSFORM floors REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
+file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+
+# Code for one instruction set stands in files named after it (scan/*_avx2.cpp). Functions there carry their own
+# target attribute; flags for whole files would also change the inline functions that other files share.
+if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
+  list(FILTER sources EXCLUDE REGEX "_(sse2|avx2|avx512)\\.cpp$")
+endif()
+
+function(pageslice_library target type)
+  add_library(${target} ${type} ${ARGN})
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:pageslice_compiler>)
+  target_compile_features(${target} PUBLIC cxx_std_17)
+  target_include_directories(${target}
+    PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+    PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  set_target_properties(${target} PROPERTIES
+    OUTPUT_NAME pageslice
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON
+    POSITION_INDEPENDENT_CODE ON)
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+  endif()
+endfunction()
+
+pageslice_library(pageslice_static STATIC ${sources})
+add_library(pageslice::static ALIAS pageslice_static)
+target_compile_definitions(pageslice_static PUBLIC PAGESLICE_STATIC)
+set_target_properties(pageslice_static PROPERTIES EXPORT_NAME static)
+if(MSVC)
+  # The shared library's import library is called pageslice.lib there.
+  set_target_properties(pageslice_static PROPERTIES OUTPUT_NAME pageslice_static)
+endif()
+
+if(PAGESLICE_BUILD_SHARED)
+  pageslice_library(pageslice SHARED ${sources})
+  add_library(pageslice::pageslice ALIAS pageslice)
+  target_compile_definitions(pageslice PRIVATE PAGESLICE_BUILDING)
+  set_target_properties(pageslice PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  if(WIN32)
+    set_target_properties(pageslice PROPERTIES PREFIX "")
+  elseif(NOT APPLE AND NOT PAGESLICE_SANITIZE)
+    target_link_options(pageslice PRIVATE -Wl,-z,defs)
+  endif()
+  if(PAGESLICE_IPO)
+    include(CheckIPOSupported)
+    check_ipo_supported(RESULT ipo LANGUAGES CXX)
+    set_target_properties(pageslice PROPERTIES INTERPROCEDURAL_OPTIMIZATION_RELEASE ${ipo})
+  endif()
+endif()

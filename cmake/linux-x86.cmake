@@ -1,0 +1,8 @@
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR i686)
+set(CMAKE_CXX_FLAGS_INIT "-m32")
+# Not every 64-bit kernel runs 32-bit programs.
+find_program(PAGESLICE_QEMU NAMES qemu-i386 qemu-i386-static)
+if(PAGESLICE_QEMU)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${PAGESLICE_QEMU})
+endif()

@@ -1,0 +1,43 @@
+# Install rules, the CMake package, the pkg-config file and the archives that CPack makes of them.
+include(CMakePackageConfigHelpers)
+
+set(targets pageslice_static)
+if(TARGET pageslice)
+  list(APPEND targets pageslice)
+endif()
+install(TARGETS ${targets} EXPORT pageslice)
+if(TARGET pageslice_program)
+  install(TARGETS pageslice_program)
+endif()
+install(DIRECTORY include/pageslice DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/pageslice)
+install(EXPORT pageslice NAMESPACE pageslice:: FILE pageslice-targets.cmake DESTINATION ${package_dir})
+configure_package_config_file(cmake/pageslice-config.cmake.in pageslice-config.cmake
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(pageslice-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/pageslice-config.cmake ${PROJECT_BINARY_DIR}/pageslice-config-version.cmake
+  DESTINATION ${package_dir})
+
+# The file finds the rest from its own place, so that an installed tree can be moved.
+file(RELATIVE_PATH prefix_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+configure_file(cmake/pageslice.pc.in pageslice.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/pageslice.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+set(CPACK_PACKAGE_VENDOR "the pageslice authors")
+set(CPACK_PACKAGE_CONTACT "the pageslice authors <pageslice@localhost>")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+  math(EXPR bits "8 * ${CMAKE_SIZEOF_VOID_P}")
+  set(CPACK_SYSTEM_NAME windows-${bits}bit)
+else()
+  set(CPACK_GENERATOR DEB TGZ)
+  set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+  set(CPACK_DEBIAN_PACKAGE_SECTION libs)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+endif()
+include(CPack)
