@@ -110,7 +110,8 @@ public:
     // The page as plain text: every tag and every run of LF, CR and space becomes one space, none at the
     // start; all else is copied, character references included. Works without the indexing pass. *ppText
     // receives a new NUL-terminated string (delete[]). Returns 1; or 0, with *ppText null, when memory runs
-    // out or the page is larger than INT_MAX bytes. A parser without a page gives the empty string.
+    // out or the page is larger than INT_MAX bytes; 0 for a null ppText. A parser without a page gives the
+    // empty string.
     int bConvertHtmlToPlainText(char** ppText);
 
     // A new copy of the title (delete[]); null when the pass has found none.
@@ -118,7 +119,8 @@ public:
 
     // Two new lists (delete): the image sources in page order, and the links in the order of the URL map.
     // URLs stand as written in the page. Runs the indexing pass when it has not run. The lists hold copies
-    // and outlive parser and page. When memory runs out neither out-parameter is written.
+    // and outlive parser and page. When memory runs out neither out-parameter is written; a null one is
+    // left out.
     void GetUrlLists(UrlList** ppImages, UrlList** ppLinks);
 
     // Always 1. pName may be null.

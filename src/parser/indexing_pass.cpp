@@ -1,0 +1,209 @@
+#include <cstddef>
+#include <vector>
+
+#include "pageslice/html_parser.h"
+#include "parser/page_size.h"
+#include "parser/tag_scanner.h"
+#include "scan/tag_bounds.h"
+#include "scan/tag_walk.h"
+
+namespace {
+
+// Where the pass leaves its results: members of the parser.
+struct Index {
+    tag_tr& tagTr;
+    tag_td& tagTd;
+    tag_table& tagTable;
+    text& tTitle;
+    std::vector<text>& vCellTexts;
+    std::vector<text>& vListItems;
+    UrlMap& urlMap;
+};
+
+// One walk over the page. A capture is a text whose start is set behind a start tag and whose end is found
+// before the tag that closes it; all captures carry the flag 0.
+class IndexingPass {
+public:
+    IndexingPass(const text& page, const Index& index) noexcept
+        : m_page(page), m_index(index), m_walk(page.m_pStart, page) {}
+
+    void Run();
+
+private:
+    bool bHandleTag(int nCode, const text& tName);
+    template <class Record> bool bParse(Record& record, const text& tName, int nWordLength) noexcept;
+    void BeginBehindStep(text& tCapture) noexcept;
+    text tCaptured(const text& tCapture) const noexcept;
+    bool bFillsAtMostHalfThePage(const text& t) const noexcept;
+
+    void CloseTitle() noexcept;
+    void CloseAnchor();
+    void CloseCell();
+    void CloseListItem();
+    void DropCell() noexcept;
+
+    const text& m_page;
+    Index m_index;
+    TagWalk m_walk;
+    const char* m_pOpen = nullptr; // the '<' of the tag at hand
+    bool m_bInTitle = false;
+    bool m_bInAnchor = false;
+    text m_tTitleText;
+    text m_tAnchorText;
+    text m_tCellText;
+    text m_tListItem; // an item is open exactly when this has a start
+    tag_a m_tagAnchor;
+    tag_td m_tagThScratch;
+};
+
+void IndexingPass::Run() {
+    text tName;
+    int nCode = TAG_NONE;
+    while (const char* const pOpen = m_walk.pNext()) {
+        // A tag may be visited many times over; its name is read once.
+        if (pOpen != m_pOpen) {
+            m_pOpen = pOpen;
+            tName = tGetTagName(pOpen, m_page);
+            nCode = nGetTagCode(tName);
+        }
+        if (!bHandleTag(nCode, tName)) {
+            return;
+        }
+    }
+}
+
+// What each tag does. False ends the pass.
+bool IndexingPass::bHandleTag(int nCode, const text& tName) {
+    switch (nCode) {
+    case TAG_A:
+        if (!bParse(m_tagAnchor, tName, 1)) {
+            return false;
+        }
+        m_bInAnchor = true;
+        BeginBehindStep(m_tAnchorText);
+        return true;
+    case TAG_TABLE: return bParse(m_index.tagTable, tName, 5);
+    case TAG_TD:
+        if (!bParse(m_index.tagTd, tName, 2)) {
+            return false;
+        }
+        BeginBehindStep(m_tCellText);
+        return true;
+    case TAG_TH: return bParse(m_tagThScratch, tName, 2);
+    case TAG_TR: return bParse(m_index.tagTr, tName, 2);
+    case TAG_LI:
+        if (m_tListItem.m_pStart == nullptr) {
+            BeginBehindStep(m_tListItem);
+        } else {
+            CloseListItem(); // and the text behind this tag is not captured
+        }
+        return true;
+    case TAG_TITLE:
+        m_bInTitle = true;
+        BeginBehindStep(m_tTitleText);
+        return true;
+    case TAG_END_TITLE: CloseTitle(); return true;
+    case TAG_END_A: CloseAnchor(); return true;
+    case TAG_END_TD: CloseCell(); return true;
+    case TAG_END_TR:
+        m_index.tagTr.Clear();
+        DropCell();
+        return true;
+    case TAG_END_TABLE:
+        m_index.tagTr.Clear();
+        m_index.tagTable.Clear();
+        DropCell();
+        return true;
+    case TAG_END_UL:
+    case TAG_END_OL:
+    case TAG_END_LI:
+        if (m_tListItem.m_pStart != nullptr) {
+            CloseListItem();
+        }
+        return true;
+    case TAG_END_HTML:
+    case TAG_NONE: return false;
+    default: return true;
+    }
+}
+
+// Reads the tag's attributes; the step then ends at the first '>' behind them. False when the page ends
+// inside the tag.
+template <class Record>
+bool IndexingPass::bParse(Record& record, const text& tName, int nWordLength) noexcept {
+    const char* const pStopped = record.pParse(tName.m_pStart + nWordLength, m_page);
+    const char* const pEnd = pFindTagEnd(pStopped, m_page);
+    m_walk.ContinueBehind(pEnd);
+    return pEnd != nullptr;
+}
+
+void IndexingPass::BeginBehindStep(text& tCapture) noexcept {
+    const char* const pEnd = m_walk.pStepEnd();
+    tCapture.m_pStart = pEnd == nullptr ? nullptr : pEnd + 1;
+}
+
+// The capture up to the tag at hand; empty when nothing stands between.
+text IndexingPass::tCaptured(const text& tCapture) const noexcept {
+    const char* const pEnd = pFindEndBeforeTag(m_pOpen, tCapture.m_pStart);
+    return pEnd == nullptr ? text() : text(tCapture.m_pStart, pEnd, 0);
+}
+
+// A cell that spans more is taken for a layout table that holds the page. Distances between first and last
+// character on both sides.
+bool IndexingPass::bFillsAtMostHalfThePage(const text& t) const noexcept {
+    const auto nSpan = static_cast<double>(t.m_pEnd - t.m_pStart);
+    return nSpan / static_cast<double>(m_page.m_pEnd - m_page.m_pStart) <= 0.5;
+}
+
+void IndexingPass::CloseTitle() noexcept {
+    if (!m_bInTitle) {
+        return;
+    }
+    if (const text tTitle = tCaptured(m_tTitleText); tTitle.IsEmpty() == 0) {
+        m_index.tTitle = tTitle;
+    }
+    m_bInTitle = false;
+}
+
+void IndexingPass::CloseAnchor() {
+    if (m_bInAnchor && m_tagAnchor.m_urlHref.IsEmpty() == 0) {
+        if (const text tLinkText = tCaptured(m_tAnchorText); tLinkText.IsEmpty() == 0) {
+            m_index.urlMap.Insert(m_tagAnchor, tLinkText);
+        }
+    }
+    m_tagAnchor.Clear();
+    m_bInAnchor = false;
+}
+
+void IndexingPass::CloseCell() {
+    if (m_tCellText.m_pStart != nullptr) {
+        const text tCell = tCaptured(m_tCellText);
+        if (tCell.IsEmpty() == 0 && bFillsAtMostHalfThePage(tCell)) {
+            m_index.vCellTexts.push_back(tCell);
+        }
+    }
+    DropCell();
+}
+
+void IndexingPass::CloseListItem() {
+    if (const text tItem = tCaptured(m_tListItem); tItem.IsEmpty() == 0) {
+        m_index.vListItems.push_back(tItem);
+    }
+    m_tListItem.Clear();
+}
+
+void IndexingPass::DropCell() noexcept {
+    m_index.tagTd.Clear();
+    m_tCellText.Clear();
+}
+
+} // namespace
+
+void HtmlParser::InitializeHtmlFile() {
+    m_bInitialized = 1;
+    if (nPageSize(m_tPage) == 0) {
+        return;
+    }
+    IndexingPass(m_tPage, {m_tagTr, m_tagTd, m_tagTable, m_tTitle, m_vCellTexts, m_vListItems, m_urlMap})
+        .Run();
+}

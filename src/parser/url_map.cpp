@@ -1,0 +1,126 @@
+#include "pageslice/url_map.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t FIRST_CAPACITY = 16;
+
+enum Side : int { LEFT = 0, RIGHT = 1 };
+
+// The question of every descent: do two links differ within the length of the shorter one? A NUL that
+// stands at the same place in both ends the comparison.
+bool bDiffer(const text& a, const text& b) noexcept {
+    const auto n = static_cast<std::size_t>(std::min(a.m_pEnd - a.m_pStart, b.m_pEnd - b.m_pStart) + 1);
+    return std::strncmp(a.m_pStart, b.m_pStart, n) != 0;
+}
+
+} // namespace
+
+UrlMap::const_iterator UrlMap::begin() const noexcept {
+    return const_iterator(*this, m_nRoot == NO_NODE ? NO_NODE : nFirstBelow(m_nRoot));
+}
+
+void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
+    std::uint32_t nParent = NO_NODE;
+    int nSide = LEFT;
+    for (std::uint32_t n = m_nRoot; n != NO_NODE; n = m_nodes[n].nChild[nSide]) {
+        nParent = n;
+        nSide = bDiffer(anchor.m_urlHref, m_entries[n].first.m_urlHref) ? LEFT : RIGHT;
+    }
+
+    const auto nNew = static_cast<std::uint32_t>(m_entries.size());
+    // Room for both before either changes, so that a failure leaves the map as it was.
+    if (m_nodes.size() == m_nodes.capacity()) {
+        m_nodes.reserve(std::max<std::size_t>(FIRST_CAPACITY, 2 * m_nodes.size()));
+    }
+    m_entries.emplace_back(anchor, tLinkText);
+    m_nodes.push_back({nParent, {NO_NODE, NO_NODE}, true});
+    if (nParent == NO_NODE) {
+        m_nRoot = nNew;
+    } else {
+        m_nodes[nParent].nChild[nSide] = nNew;
+    }
+    Rebalance(nNew);
+}
+
+void UrlMap::Clear() noexcept {
+    m_entries.clear();
+    m_nodes.clear();
+    m_nRoot = NO_NODE;
+}
+
+std::uint32_t UrlMap::nNext(std::uint32_t nNode) const noexcept {
+    if (m_nodes[nNode].nChild[RIGHT] != NO_NODE) {
+        return nFirstBelow(m_nodes[nNode].nChild[RIGHT]);
+    }
+    std::uint32_t nParent = m_nodes[nNode].nParent;
+    while (nParent != NO_NODE && nNode == m_nodes[nParent].nChild[RIGHT]) {
+        nNode = nParent;
+        nParent = m_nodes[nNode].nParent;
+    }
+    return nParent;
+}
+
+std::uint32_t UrlMap::nFirstBelow(std::uint32_t nNode) const noexcept {
+    while (m_nodes[nNode].nChild[LEFT] != NO_NODE) {
+        nNode = m_nodes[nNode].nChild[LEFT];
+    }
+    return nNode;
+}
+
+bool UrlMap::bIsRed(std::uint32_t nNode) const noexcept {
+    return nNode != NO_NODE && m_nodes[nNode].bRed;
+}
+
+int UrlMap::nSideOf(std::uint32_t nNode) const noexcept {
+    return m_nodes[m_nodes[nNode].nParent].nChild[LEFT] == nNode ? LEFT : RIGHT;
+}
+
+// Turns the node down to the given side; its child on the other side takes its place.
+void UrlMap::Rotate(std::uint32_t nNode, int nSide) noexcept {
+    const int nOther = 1 - nSide;
+    const std::uint32_t nRising = m_nodes[nNode].nChild[nOther];
+    const std::uint32_t nInner = m_nodes[nRising].nChild[nSide];
+    const std::uint32_t nParent = m_nodes[nNode].nParent;
+
+    if (nParent == NO_NODE) {
+        m_nRoot = nRising;
+    } else {
+        m_nodes[nParent].nChild[nSideOf(nNode)] = nRising;
+    }
+    m_nodes[nRising].nParent = nParent;
+    m_nodes[nRising].nChild[nSide] = nNode;
+    m_nodes[nNode].nParent = nRising;
+    m_nodes[nNode].nChild[nOther] = nInner;
+    if (nInner != NO_NODE) {
+        m_nodes[nInner].nParent = nNode;
+    }
+}
+
+// The insertion fix-up: no red node keeps a red parent.
+void UrlMap::Rebalance(std::uint32_t nNode) noexcept {
+    while (bIsRed(m_nodes[nNode].nParent)) {
+        std::uint32_t nParent = m_nodes[nNode].nParent;
+        const std::uint32_t nGrandparent = m_nodes[nParent].nParent;
+        const int nSide = nSideOf(nParent);
+        const std::uint32_t nUncle = m_nodes[nGrandparent].nChild[1 - nSide];
+        if (bIsRed(nUncle)) {
+            m_nodes[nParent].bRed = false;
+            m_nodes[nUncle].bRed = false;
+            m_nodes[nGrandparent].bRed = true;
+            nNode = nGrandparent;
+            continue;
+        }
+        if (nSideOf(nNode) != nSide) {
+            Rotate(nParent, nSide);
+            nNode = nParent;
+            nParent = m_nodes[nNode].nParent;
+        }
+        m_nodes[nParent].bRed = false;
+        m_nodes[nGrandparent].bRed = true;
+        Rotate(nGrandparent, 1 - nSide);
+    }
+    m_nodes[m_nRoot].bRed = false;
+}

@@ -1,0 +1,65 @@
+#ifndef PAGESLICE_TAGS_PARSE_ATTRIBUTES_H
+#define PAGESLICE_TAGS_PARSE_ATTRIBUTES_H
+
+#include <algorithm>
+#include <cstddef>
+
+#include "pageslice/records.h"
+#include "scan/tag_bounds.h"
+#include "text/string_utils.h"
+
+// The loop that all records share: from q on, scans name after name until the tag's '>' or the page's end.
+// bTakesValue(code) says whether a value is read behind a name; if so, store(code, value) is called with
+// every value that is not empty, otherwise with an empty slice.
+// Gives the position where the last name scan started, or null when a value ran to the end of the page.
+template <class TakesValue, class Store>
+const char* pParseAttributes(const tag& record, const char* q, const text& page, TakesValue bTakesValue,
+                             Store store) {
+    for (;;) {
+        const text name = record.tGetAttributeName(q, page);
+        const int nCode = record.nGetAttributeCode(name);
+        if (nCode == ATTR_TAG_END || nCode == ATTR_NONE) {
+            return q;
+        }
+        q = name.m_pEnd + 1;
+        if (!bTakesValue(nCode)) {
+            store(nCode, text());
+            continue;
+        }
+        text value;
+        q = record.pGetAttributeValue(q, value, page);
+        if (value.IsEmpty() == 0) {
+            store(nCode, value);
+        }
+        if (q == nullptr) {
+            return nullptr;
+        }
+    }
+}
+
+// Behind the rest of the tag word: only the space and '>' end it.
+inline const char* pSkipTagWord(const char* p, const text& page) noexcept {
+    while (p != nullptr && p <= page.m_pEnd && *p != ' ' && *p != '>') {
+        ++p;
+    }
+    return p;
+}
+
+// Sets record.m_tTag to the tag around p, from its '<' to where the scan stopped (q), and gives q. Null,
+// and a cleared m_tTag, when q is null or no '<' stands before p above the page's first character.
+inline const char* pSetTag(tag& record, const char* p, const char* q, const text& page) noexcept {
+    const char* const pBefore = pFindEndBeforeTag(p, page.m_pStart);
+    if (q == nullptr || pBefore == nullptr) {
+        record.m_tTag.Clear();
+        return nullptr;
+    }
+    record.m_tTag.Set(pBefore + 1, std::min(q, page.m_pEnd), 0);
+    return q;
+}
+
+// The number that a value spells, read from the value's own characters only.
+inline int nNumberOf(const text& value) noexcept {
+    return nParseDecimal(value.m_pStart, static_cast<std::size_t>(value.m_pEnd - value.m_pStart) + 1);
+}
+
+#endif

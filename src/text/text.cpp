@@ -1,0 +1,165 @@
+#include "pageslice/text.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include "text/string_utils.h"
+
+namespace {
+
+// Characters that a routine may read: 0 for an empty slice and for one whose end lies before its start.
+std::size_t nReadable(const text& t) noexcept {
+    if (t.m_pStart == nullptr || t.m_pEnd == nullptr || t.m_pEnd < t.m_pStart) {
+        return 0;
+    }
+    return static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1;
+}
+
+std::uintptr_t nAddress(const char* p) noexcept {
+    return reinterpret_cast<std::uintptr_t>(p);
+}
+
+} // namespace
+
+text::text() noexcept : m_bNullTerminated(0), m_pStart(nullptr), m_pEnd(nullptr) {}
+
+text::text(const char* s) noexcept : text() {
+    if (s != nullptr) {
+        Set(s, s + std::strlen(s) - 1, 1);
+    }
+}
+
+text::text(const char* pStart, const char* pEnd, int bNullTerminated) noexcept
+    : m_bNullTerminated(bNullTerminated), m_pStart(pStart), m_pEnd(pEnd) {}
+
+text::text(const text& t) noexcept
+    : m_bNullTerminated(t.m_bNullTerminated), m_pStart(t.m_pStart), m_pEnd(t.m_pEnd) {}
+
+text& text::operator=(const text& t) noexcept {
+    m_bNullTerminated = t.m_bNullTerminated;
+    m_pStart = t.m_pStart;
+    m_pEnd = t.m_pEnd;
+    return *this;
+}
+
+void text::Set(const char* pStart, const char* pEnd, int bNullTerminated) noexcept {
+    m_bNullTerminated = bNullTerminated;
+    m_pStart = pStart;
+    m_pEnd = pEnd;
+}
+
+void text::Set(const text& t) noexcept {
+    Set(t.m_pStart, t.m_pEnd, t.m_bNullTerminated);
+}
+
+void text::Clear() noexcept {
+    Set(nullptr, nullptr, 0);
+}
+
+int text::IsEmpty() const noexcept {
+    return m_pStart == nullptr ? 1 : 0;
+}
+
+int text::GetLength() const noexcept {
+    // Addresses rather than pointers: the ends of a wrong slice need not belong to one array.
+    const auto nLength = static_cast<std::intptr_t>(nAddress(m_pEnd) - nAddress(m_pStart) + 1);
+    return static_cast<int>(std::clamp<std::intptr_t>(nLength, INT_MIN, INT_MAX));
+}
+
+int text::bIsNullTerminated() const noexcept {
+    return m_bNullTerminated;
+}
+
+int text::Surrounds(const text& t) const noexcept {
+    return nAddress(m_pStart) <= nAddress(t.m_pStart) && nAddress(m_pEnd) >= nAddress(t.m_pEnd) ? 1 : 0;
+}
+
+int text::IsAlphabetic(char c) const noexcept {
+    return bIsAsciiLetter(c) ? 1 : 0;
+}
+
+int text::IsAlphabetic() const noexcept {
+    const std::size_t n = nReadable(*this);
+    return std::all_of(m_pStart, m_pStart + n, bIsAsciiLetter) ? 1 : 0;
+}
+
+int text::nNumWords() const noexcept {
+    const std::size_t n = nReadable(*this);
+    int nWords = 0;
+    bool bInWord = false;
+    for (std::size_t i = 0; i < n; ++i) {
+        const bool bLetter = bIsAsciiLetter(m_pStart[i]);
+        nWords += bLetter && !bInWord ? 1 : 0;
+        bInWord = bLetter;
+    }
+    return nWords;
+}
+
+int text::strncmp(const text& t) const noexcept {
+    const std::size_t a = nReadable(*this);
+    const std::size_t b = nReadable(t);
+    const std::size_t n = std::min(a, b);
+    const int r = n == 0 ? 0 : std::strncmp(m_pStart, t.m_pStart, n);
+    if (a == b || r != 0) {
+        return r;
+    }
+    return a < b ? 1 : -1;
+}
+
+int text::operator==(const text& t) const noexcept {
+    return strncmp(t) == 0 ? 1 : 0;
+}
+
+int text::operator==(const char* s) const noexcept {
+    return *this == text(s);
+}
+
+int text::operator==(char c) const noexcept {
+    return m_pStart != nullptr && m_pStart == m_pEnd && *m_pStart == c ? 1 : 0;
+}
+
+int text::operator<(const text& t) const noexcept {
+    return strncmp(t) < 0 ? 1 : 0;
+}
+
+char* text::pMakeCopy() const {
+    if (IsEmpty() != 0) {
+        return nullptr;
+    }
+    const std::size_t n = nReadable(*this);
+    char* const pCopy = new char[n + 1];
+    std::strncpy(pCopy, m_pStart, n); // a NUL inside the slice ends the copy, zeros fill the rest
+    pCopy[n] = '\0';
+    return pCopy;
+}
+
+align text::ConvertToAlign() const noexcept {
+    struct Word {
+        const char* pWord;
+        int nLength;
+        align value;
+    };
+    static constexpr Word WORDS[] = {{"top", 3, ALIGN_TOP},       {"left", 4, ALIGN_LEFT},
+                                     {"right", 5, ALIGN_RIGHT},   {"center", 6, ALIGN_CENTER},
+                                     {"middle", 6, ALIGN_MIDDLE}, {"bottom", 6, ALIGN_BOTTOM}};
+    const int n = GetLength();
+    for (const Word& word : WORDS) {
+        if (word.nLength == n && nStrNICmp(m_pStart, word.pWord, static_cast<unsigned>(n)) == 0) {
+            return word.value;
+        }
+    }
+    return ALIGN_UNKNOWN;
+}
+
+int text::ConvertToInt() const noexcept {
+    return m_pStart == nullptr ? 0 : nParseDecimal(m_pStart, SIZE_MAX);
+}
+
+void text::PrintDebug() const {
+    std::printf("m_pStart = %d", static_cast<int>(nAddress(m_pStart)));
+    std::printf(" m_pEnd = %d\n", static_cast<int>(nAddress(m_pEnd)));
+}
