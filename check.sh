@@ -32,7 +32,7 @@ run_stage() {
   case $1 in
     format)
       tools/need format
-      sources '*.h' '*.cpp' | xargs -r clang-format-14 --dry-run -Werror
+      sources '*.h' '*.cpp' | xargs -r tools/quietly clang-format-14 --dry-run -Werror
       ;;
     reformat)
       tools/need format
@@ -55,7 +55,7 @@ run_stage() {
     cppcheck)
       tools/need cppcheck
       tools/quietly cppcheck --quiet --error-exitcode=1 --std=c++17 --language=c++ --inline-suppr -j "$cores" \
-        --enable=warning,performance,portability --suppress=missingIncludeSystem --suppress=internalAstError \
+        --enable=warning,performance,portability --suppress=missingIncludeSystem --suppress=passedByValue \
         -I include -I src src include tools
       ;;
     valgrind)

@@ -1,5 +1,6 @@
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
+set(CMAKE_C_FLAGS_INIT "-m32")
 set(CMAKE_CXX_FLAGS_INIT "-m32")
 # Not every 64-bit kernel runs 32-bit programs.
 find_program(PAGESLICE_QEMU NAMES qemu-i386 qemu-i386-static)

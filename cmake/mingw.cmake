@@ -3,6 +3,7 @@ set(CMAKE_SYSTEM_NAME Windows)
 # The posix flavour has std::thread, which the program uses; everything is linked in, so that a DLL or program needs
 # nothing but the system's own DLLs.
 find_program(CMAKE_CXX_COMPILER NAMES ${triplet}-g++-posix ${triplet}-g++ REQUIRED)
+find_program(CMAKE_C_COMPILER NAMES ${triplet}-gcc-posix ${triplet}-gcc REQUIRED)
 set(CMAKE_RC_COMPILER ${triplet}-windres)
 set(CMAKE_FIND_ROOT_PATH /usr/${triplet})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
