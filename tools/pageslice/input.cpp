@@ -1,0 +1,121 @@
+#include "input.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace pageslice {
+namespace {
+
+constexpr std::size_t CHUNK = std::size_t{1} << 16;
+
+struct Closer {
+    void operator()(std::FILE* pFile) const noexcept {
+        if (pFile != stdin) {
+            static_cast<void>(std::fclose(pFile)); // nothing was written: nothing can be lost
+        }
+    }
+};
+using File = std::unique_ptr<std::FILE, Closer>;
+
+[[noreturn]] void fail(int code) {
+    throw std::runtime_error(std::generic_category().message(code));
+}
+
+// Growing by doubling, the old and the new buffer together stay within this too.
+std::uintmax_t memoryForOnePage() {
+#ifdef _WIN32
+    MEMORYSTATUSEX status = {};
+    status.dwLength = sizeof(status);
+    return GlobalMemoryStatusEx(&status) != 0 ? status.ullTotalPhys / 2 : SIZE_MAX / 2;
+#else
+    const long pages = sysconf(_SC_PHYS_PAGES);
+    const long pageSize = sysconf(_SC_PAGESIZE);
+    return pages > 0 && pageSize > 0
+               ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(pageSize) / 2
+               : SIZE_MAX / 2;
+#endif
+}
+
+File open(const std::filesystem::path& path) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path, ignored)) {
+        fail(EISDIR);
+    }
+#ifdef _WIN32
+    File file(_wfopen(path.c_str(), L"rb"));
+#else
+    File file(std::fopen(path.c_str(), "rb"));
+#endif
+    if (file == nullptr) {
+        fail(errno);
+    }
+    return file;
+}
+
+// How many bytes to make room for. Files that do not know their size (pipes, devices) say 0.
+std::uintmax_t sizeHint(const std::string& name) {
+    std::error_code error;
+    const std::uintmax_t size = name == "-" ? 0 : std::filesystem::file_size(name, error);
+    return error ? 0 : size;
+}
+
+std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
+    const std::uintmax_t limit = memoryForOnePage();
+    if (expected > limit || expected > SIZE_MAX / 2) {
+        throw std::bad_alloc();
+    }
+    std::string bytes;
+    // One byte more than expected, so that the first read already meets the end.
+    for (std::size_t step = static_cast<std::size_t>(expected) + 1;; step = CHUNK) {
+        const std::size_t before = bytes.size();
+        bytes.resize(before + step);
+        const std::size_t got = std::fread(bytes.data() + before, 1, step, pFile);
+        bytes.resize(before + got);
+        if (got < step) {
+            return bytes;
+        }
+        if (bytes.size() > limit) {
+            throw std::bad_alloc();
+        }
+    }
+}
+
+} // namespace
+
+void useBinaryStandardStreams() {
+#ifdef _WIN32
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
+#endif
+}
+
+std::string readAll(const std::string& name) {
+    try {
+        const File file = name == "-" ? File(stdin) : open(name);
+        std::string bytes = readRest(file.get(), sizeHint(name));
+        if (std::ferror(file.get()) != 0) {
+            fail(errno);
+        }
+        return bytes;
+    } catch (const std::bad_alloc&) {
+        throw std::runtime_error("Too large to hold in memory");
+    }
+}
+
+} // namespace pageslice

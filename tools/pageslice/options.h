@@ -1,0 +1,39 @@
+// What the command line asks for.
+#ifndef PAGESLICE_TOOLS_OPTIONS_H
+#define PAGESLICE_TOOLS_OPTIONS_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace pageslice {
+
+enum ExitCode : int { EXIT_ALL_WELL = 0, EXIT_SOME_FAILED = 1, EXIT_WRONG_USAGE = 2 };
+
+// The sections of a report; they combine as bits.
+enum Section : unsigned {
+    SECTION_TITLE = 1,
+    SECTION_LINKS = 2,
+    SECTION_IMAGES = 4,
+    SECTION_ITEMS = 8,
+    SECTION_CELLS = 16,
+    SECTION_TEXT = 32,
+    SECTIONS_BY_DEFAULT = SECTION_TITLE | SECTION_LINKS | SECTION_IMAGES | SECTION_ITEMS | SECTION_CELLS,
+    SECTIONS_ALL = SECTIONS_BY_DEFAULT | SECTION_TEXT
+};
+
+struct Options {
+    std::vector<std::string> files; // "-" is standard input
+    std::string base;               // URLs are made absolute against it; empty: they stay as written
+    unsigned sections = SECTIONS_BY_DEFAULT;
+
+    bool shows(Section section) const { return (sections & section) != 0; }
+};
+
+// Fills `options`. A value is the exit code to leave with at once: help and version went to standard
+// output, a complaint about the usage to standard error.
+std::optional<int> parseOptions(int argc, char** argv, Options& options);
+
+} // namespace pageslice
+
+#endif
