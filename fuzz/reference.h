@@ -6,7 +6,8 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstddef>
+#include <cstdlib>
+#include <cstring>
 #include <map>
 #include <string>
 #include <string_view>
@@ -15,16 +16,13 @@
 
 namespace reference {
 
-// Positions are offsets from the page's first character. NOWHERE stands for a null pointer.
-using Pos = std::ptrdiff_t;
-constexpr Pos NOWHERE = -1;
-
+// Both ends inclusive; empty without a start.
 struct Slice {
-    Pos first = NOWHERE;
-    Pos last = NOWHERE;
-    bool bEmpty() const { return first == NOWHERE; }
-    Pos nLength() const { return last - first + 1; } // 1 for an empty slice
-    bool operator==(const Slice&) const = default;
+    const char* first = nullptr;
+    const char* last = nullptr;
+    bool bEmpty() const { return first == nullptr; }
+    std::string_view View() const { return {first, bEmpty() ? 0 : nLength()}; }
+    std::size_t nLength() const { return static_cast<std::size_t>(last - first + 1); } // 1 for an empty slice
 };
 
 // The place of a word in its list is its code.
@@ -37,13 +35,11 @@ inline const Words ATTRIBUTE_WORDS = {"src",    "lowsrc", "alt",    "align",   "
                                       " (19)",  "valign", "nowrap", "rowspan", "colspan"};
 inline const Words ALIGN_WORDS = {"top", "middle", "bottom", "left", "right", "center"};
 
-constexpr int A = 1, IMG = 2, TABLE = 3, TD = 4, TH = 5, TR = 6, UL = 7, OL = 8, LI = 9, TITLE = 17,
-              HTML = 18;
-constexpr int CLOSING = 20, UNKNOWN_TAG = 900, NO_TAG = 901;
-constexpr int SRC = 1, LOWSRC = 2, ALT = 3, ALIGN = 4, HEIGHT = 5, WIDTH = 6, BORDER = 7, HSPACE = 8,
-              VSPACE = 9;
-constexpr int USEMAP = 10, ISMAP = 11, NAME = 12, HREF = 13, REL = 14, REV = 15, TITLE_TEXT = 16, VALIGN = 20;
-constexpr int NOWRAP = 21, ROWSPAN = 22, COLSPAN = 23, UNKNOWN_ATTRIBUTE = 800, TAG_END = 801, NO_NAME = 901;
+constexpr int A = 1, IMG = 2, TABLE = 3, TD = 4, TH = 5, TR = 6, UL = 7, OL = 8, LI = 9, TITLE = 17;
+constexpr int HTML = 18, CLOSING = 20, UNKNOWN_TAG = 900, NO_TAG = 901;
+constexpr int SRC = 1, LOWSRC = 2, ALT = 3, ALIGN = 4, HEIGHT = 5, WIDTH = 6, BORDER = 7, HSPACE = 8;
+constexpr int VSPACE = 9, USEMAP = 10, ISMAP = 11, NAME = 12, HREF = 13, REL = 14, REV = 15, ADVICE = 16;
+constexpr int VALIGN = 20, NOWRAP = 21, ROWSPAN = 22, COLSPAN = 23, UNKNOWN_ATTRIBUTE = 800, TAG_END = 801;
 
 // The code of the word that `name` spells in any case of its ASCII letters.
 inline int nFindWord(const Words& words, std::string_view name, int nOther) {
@@ -54,105 +50,80 @@ inline int nFindWord(const Words& words, std::string_view name, int nOther) {
     return found == words.end() ? nOther : static_cast<int>(found - words.begin()) + 1;
 }
 
-inline int nAlign(std::string_view value) {
-    return nFindWord(ALIGN_WORDS, value, 0);
+inline int nNumber(const Slice& t) {
+    return static_cast<int>(std::clamp(std::strtoll(std::string(t.View()).c_str(), nullptr, 10),
+                                       static_cast<long long>(INT_MIN), static_cast<long long>(INT_MAX)));
 }
 
-// White space, a sign, digits; the nearest int where they say more than an int holds.
-inline int nNumber(std::string_view value) {
-    std::size_t i = std::min(value.find_first_not_of(" \t\n\v\f\r"), value.size());
-    const bool bMinus = i < value.size() && value[i] == '-';
-    if (i < value.size() && (value[i] == '-' || value[i] == '+'))
-        ++i;
-    long long n = 0;
-    for (; i < value.size() && value[i] >= '0' && value[i] <= '9'; ++i)
-        n = std::min(n * 10 + (value[i] - '0'), 1LL << 40);
-    return static_cast<int>(std::clamp<long long>(bMinus ? -n : n, INT_MIN, INT_MAX));
-}
-
-// What a bounded copy makes of characters: a NUL among them ends it, the rest of the room is zero.
-inline std::string CopyOf(std::string_view characters) {
-    std::string copy(characters.substr(0, characters.find('\0')));
-    copy.resize(characters.size(), '\0');
+// What a bounded copy makes of the characters: a NUL among them ends it, the rest of the room is zero.
+inline std::string CopyOf(const Slice& t) {
+    std::string copy(t.View());
+    std::fill(std::find(copy.begin(), copy.end(), '\0'), copy.end(), '\0');
     return copy;
 }
 
-// Do two links differ within the length of the shorter one? Where both have a NUL, nothing behind it counts.
-struct Differ {
-    bool operator()(std::string_view a, std::string_view b) const {
-        for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
-            if (a[i] != b[i])
-                return true;
-            if (a[i] == '\0')
-                return false;
-        }
-        return false;
-    }
-};
-
 // One tag's record: for each attribute that was stored, the slice that stands for it.
 struct Record {
-    Slice tag;
+    Slice tTag;
     std::map<int, Slice> given;
-    bool operator==(const Record&) const = default;
 };
 
-struct Link {
-    Record anchor;
-    Slice text;
+// The order of the URL map is that of a red-black tree which asks this question on the way down, and the
+// standard library's is one. That the answer orders nothing does not matter to its insertion.
+struct Differ {
+    bool operator()(const Slice& a, const Slice& b) const {
+        return std::strncmp(a.first, b.first, std::min(a.nLength(), b.nLength())) != 0;
+    }
 };
+using UrlMap = std::multimap<Slice, std::pair<Record, Slice>, Differ>; // link, anchor, link text
 
 struct Index {
-    Slice title;
-    std::vector<Link> links; // in the order of the URL map
+    Slice tTitle;
+    UrlMap links;
     std::vector<Slice> cells, items;
     Record table, row, cell; // as the pass left them
 };
 
+// Positions are pointers from `first` to before `end`; null where a search fails.
 class Page {
 public:
-    Page(const char* p, std::size_t nCharacters)
-        : m_page(p, nCharacters)
-        , n(static_cast<Pos>(nCharacters)) {}
-
-    std::string_view View(const Slice& t) const {
-        return t.bEmpty() ? std::string_view() : m_page.substr(index(t.first), index(t.nLength()));
-    }
+    Page(const char* p, std::size_t n) : first(p), end(p + n) {}
 
     // The '>' that ends the tag: the first at or after p that no pair of double quotes encloses.
-    Pos FindTagEnd(Pos p) const {
-        while (p < n && at(p) != '>') {
-            if (at(p) == '"') {
+    const char* pFindTagEnd(const char* p) const {
+        while (p < end && *p != '>') {
+            if (*p == '"') {
                 do
                     ++p;
-                while (p < n && at(p) != '"');
+                while (p < end && *p != '"');
             }
             ++p;
         }
-        return p < n ? p : NOWHERE;
+        return p < end ? p : nullptr;
     }
 
-    // The character before the nearest '<' at or before p, if both stand above `lower`.
-    Pos FindEndBeforeTag(Pos p, Pos lower) const {
-        while (p > lower && at(p) != '<')
+    // The character before the nearest '<' at or before p, if both stand above pLower.
+    static const char* pFindEndBeforeTag(const char* p, const char* pLower) {
+        while (p > pLower && *p != '<')
             --p;
-        return p > lower ? p - 1 : NOWHERE;
+        return p > pLower ? p - 1 : nullptr;
     }
 
-    Slice FindNextTagName(Pos p) const {
-        while (p < n && at(p) != '<')
+    Slice tFindNextTagName(const char* p) const {
+        while (p < end && *p != '<')
             ++p;
-        ++p;
-        while (p < n && at(p) == ' ')
+        if (p < end)
             ++p;
-        const Pos start = p;
-        while (p < n && at(p) != ' ' && at(p) != '>')
+        while (p < end && *p == ' ')
             ++p;
-        return p < n ? Slice{start, p - 1} : Slice{};
+        const char* pStart = p;
+        while (p < end && *p != ' ' && *p != '>')
+            ++p;
+        return p < end ? Slice{pStart, p - 1} : Slice{};
     }
 
-    int IdentifyTag(const Slice& tName) const {
-        const std::string_view name = View(tName);
+    static int nTagCode(const Slice& tName) {
+        const std::string_view name = tName.View();
         if (tName.bEmpty())
             return NO_TAG;
         if (name.starts_with('/'))
@@ -160,160 +131,146 @@ public:
         return nFindWord(TAG_WORDS, name, UNKNOWN_TAG);
     }
 
-    bool bFindTag(Pos p, int nWanted, int nStop) const {
+    bool bFindTag(const char* p, int nWanted, int nStop) const {
         int nCode = 998;
         while (nCode != nWanted && nCode != nStop && nCode != NO_TAG) {
-            const Slice tName = FindNextTagName(p);
-            nCode = IdentifyTag(tName);
+            const Slice tName = tFindNextTagName(p);
+            nCode = nTagCode(tName);
             p = tName.last + 1;
         }
         return nCode == nWanted;
     }
 
-    Slice AttributeName(Pos p) const {
-        while (p < n && bWhite(p))
+    Slice tAttributeName(const char* p) const {
+        while (p < end && bWhite(*p))
             ++p;
-        const Pos start = p;
-        while (p < n && !bWhite(p) && at(p) != '=' && at(p) != '>' && at(p) != '<')
+        const char* pStart = p;
+        while (p < end && !bWhite(*p) && *p != '=' && *p != '>' && *p != '<')
             ++p;
-        if (p >= n)
-            return {};
-        return {start, std::max(start, p - 1)};
+        return p < end ? Slice{pStart, std::max(pStart, p - 1)} : Slice{};
     }
 
-    Pos AttributeValue(Pos p, Slice& value) const {
-        value = {};
-        while (p < n && (bWhite(p) || at(p) == '='))
+    const char* pAttributeValue(const char* p, Slice& tValue) const {
+        tValue = {};
+        while (p < end && (bWhite(*p) || *p == '='))
             ++p;
-        const bool bQuoted = p < n && at(p) == '"';
-        if (bQuoted)
+        const bool bQuoted = p < end && *p == '"';
+        const char* pStart = bQuoted ? ++p : p;
+        while (p < end && *p != '>' && (bQuoted ? *p != '"' : !bWhite(*p) && *p != '<'))
             ++p;
-        const Pos start = p;
-        if (bQuoted) {
-            while (p < n && at(p) != '"' && at(p) != '>')
-                ++p;
-        } else {
-            while (p < n && !bWhite(p) && at(p) != '>' && at(p) != '<')
-                ++p;
-        }
-        if (p >= n)
-            return NOWHERE;
-        if (p > start)
-            value = {start, p - 1};
+        if (p >= end)
+            return nullptr;
+        if (p > pStart)
+            tValue = {pStart, p - 1};
         return bQuoted ? p + 1 : p;
     }
 
-    int AttributeCode(const Slice& tName) const {
+    static int nAttributeCode(const Slice& tName) {
         if (tName.bEmpty())
-            return NO_NAME;
-        return View(tName) == ">" ? TAG_END : nFindWord(ATTRIBUTE_WORDS, View(tName), UNKNOWN_ATTRIBUTE);
+            return NO_TAG;
+        return tName.View() == ">" ? TAG_END : nFindWord(ATTRIBUTE_WORDS, tName.View(), UNKNOWN_ATTRIBUTE);
     }
 
-    // The parse of a start tag of the kind nTag: A, IMG, TABLE, TR or TD. record.tag is a former parse's.
-    Pos Parse(int nTag, Pos p, Record& record) const {
-        Pos q = p;
+    // The parse of a start tag of the kind nTag: A, IMG, TABLE, TR or TD.
+    const char* pParse(int nTag, const char* p, Record& record) const {
+        const char* q = p;
         if (nTag == A || nTag == TR || nTag == TD) {
-            while (q < n && at(q) != ' ' && at(q) != '>')
+            while (q < end && *q != ' ' && *q != '>')
                 ++q;
         }
         record.given.clear();
-        while (q != NOWHERE) {
-            const Slice tName = AttributeName(q);
-            const int nCode = AttributeCode(tName);
-            if (nCode == TAG_END || nCode == NO_NAME)
+        while (q != nullptr) {
+            const Slice tName = tAttributeName(q);
+            const int nCode = nAttributeCode(tName);
+            if (nCode == TAG_END || nCode == NO_TAG)
                 break;
-            Slice value;
+            Slice tValue;
             if ((nTag == IMG && nCode == ISMAP) || (nTag == TD && nCode == NOWRAP))
-                value = tName;
-            q = bTakesValue(nTag, nCode) ? AttributeValue(tName.last + 1, value) : tName.last + 1;
-            if (!value.bEmpty())
-                record.given[nCode] = value;
+                tValue = tName;
+            q = bTakesValue(nTag, nCode) ? pAttributeValue(tName.last + 1, tValue) : tName.last + 1;
+            if (!tValue.bEmpty())
+                record.given[nCode] = tValue;
         }
         if (nTag != A && nTag != IMG)
             return q;
-        const Pos before = FindEndBeforeTag(p, 0);
-        const bool bWhole = q != NOWHERE && before != NOWHERE;
-        record.tag = bWhole ? Slice{before + 1, std::min(q, n - 1)} : Slice{};
-        return bWhole ? q : NOWHERE;
+        const char* pBefore = pFindEndBeforeTag(p, first);
+        record.tTag = {};
+        if (q == nullptr || pBefore == nullptr)
+            return nullptr;
+        record.tTag = {pBefore + 1, std::min(q, end - 1)};
+        return q;
     }
 
     // The indexing pass.
     Index MakeIndex() const {
         Index index;
-        std::multimap<std::string_view, Link, Differ> links;
-        Slice title, anchorText, cellText, item;
+        Slice tTitle, tAnchorText, tCellText, tItem;
         Record anchor, headerCell;
         bool bInTitle = false;
         bool bInAnchor = false;
-        Pos p = 0;
-        while (p != NOWHERE && p < n) {
-            const Slice tName = FindNextTagName(p);
-            const int nCode = IdentifyTag(tName);
-            const auto captured = [&](const Slice& capture) {
-                const Pos last = FindEndBeforeTag(tName.first, capture.first);
-                return last == NOWHERE ? Slice{} : Slice{capture.first, last};
-            };
-            const auto append = [](std::vector<Slice>& list, const Slice& t) {
-                if (!t.bEmpty())
-                    list.push_back(t);
-            };
-            Slice* pPending = nullptr;
+        const char* p = first;
+        while (p != nullptr && p < end) {
+            const Slice tName = tFindNextTagName(p);
+            const int nCode = nTagCode(tName);
             if (nCode == NO_TAG || nCode == CLOSING + HTML)
                 break;
+            const auto captured = [&](const Slice& t) {
+                const char* pLast = pFindEndBeforeTag(tName.first, t.first);
+                return pLast == nullptr ? Slice{} : Slice{t.first, pLast};
+            };
+            Slice* pPending = nullptr;
             if (nCode == A) {
-                p = Parse(A, tName.first + 1, anchor);
-                pPending = &anchorText;
+                p = pParse(A, tName.first + 1, anchor);
+                pPending = &tAnchorText;
                 bInAnchor = true;
             } else if (nCode == TABLE) {
-                p = Parse(TABLE, tName.first + 5, index.table);
+                p = pParse(TABLE, tName.first + 5, index.table);
             } else if (nCode == TR) {
-                p = Parse(TR, tName.first + 2, index.row);
+                p = pParse(TR, tName.first + 2, index.row);
             } else if (nCode == TD) {
-                p = Parse(TD, tName.first + 2, index.cell);
-                pPending = &cellText;
+                p = pParse(TD, tName.first + 2, index.cell);
+                pPending = &tCellText;
             } else if (nCode == TH) {
-                p = Parse(TD, tName.first + 2, headerCell);
-            } else if (nCode == LI && item.bEmpty()) {
-                pPending = &item;
+                p = pParse(TD, tName.first + 2, headerCell);
+            } else if (nCode == LI && tItem.bEmpty()) {
+                pPending = &tItem;
             } else if (nCode == LI || nCode == CLOSING + UL || nCode == CLOSING + OL ||
                        nCode == CLOSING + LI) {
-                if (!item.bEmpty())
-                    append(index.items, captured(item));
-                item = {};
+                if (!tItem.bEmpty() && !captured(tItem).bEmpty())
+                    index.items.push_back(captured(tItem));
+                tItem = {};
             } else if (nCode == TITLE) {
-                pPending = &title;
+                pPending = &tTitle;
                 bInTitle = true;
             } else if (nCode == CLOSING + TITLE && bInTitle) {
-                if (!captured(title).bEmpty())
-                    index.title = captured(title);
+                if (!captured(tTitle).bEmpty())
+                    index.tTitle = captured(tTitle);
                 bInTitle = false;
             } else if (nCode == CLOSING + A) {
-                if (bInAnchor && anchor.given.contains(HREF) && !captured(anchorText).bEmpty())
-                    links.insert({View(anchor.given[HREF]), {anchor, captured(anchorText)}});
-                anchor.given.clear();
+                if (bInAnchor && anchor.given.contains(HREF) && !captured(tAnchorText).bEmpty())
+                    index.links.insert({anchor.given[HREF], {anchor, captured(tAnchorText)}});
                 bInAnchor = false;
             } else if (nCode == CLOSING + TD) {
-                // At most half of the page, measured between the outer characters.
-                if (!cellText.bEmpty() && 2 * (captured(cellText).nLength() - 1) <= n - 1)
-                    append(index.cells, captured(cellText));
+                // At most half of the page, measured from the first to the last character of both.
+                const Slice t = tCellText.bEmpty() ? tCellText : captured(tCellText);
+                if (!t.bEmpty() && 2 * (t.last - t.first) <= end - 1 - first)
+                    index.cells.push_back(t);
                 index.cell = {};
-                cellText = {};
+                tCellText = {};
             } else if (nCode == CLOSING + TR || nCode == CLOSING + TABLE) {
                 index.cell = index.row = {};
-                cellText = {};
+                tCellText = {};
                 if (nCode == CLOSING + TABLE)
                     index.table = {};
             }
-            if (p == NOWHERE || p >= n)
+            if (p == nullptr || p >= end)
                 break;
-            p = FindTagEnd(p);
-            if (p != NOWHERE)
+            p = pFindTagEnd(p);
+            if (p != nullptr)
                 ++p;
             if (pPending != nullptr)
                 pPending->first = p;
         }
-        for (const auto& [href, link] : links)
-            index.links.push_back(link);
         return index;
     }
 
@@ -321,21 +278,20 @@ public:
     std::vector<Slice> ImageSources() const {
         std::vector<Slice> sources;
         Record image;
-        Pos p = 0;
-        while ((p = NextImage(p, image)) != NOWHERE)
+        const char* p = first;
+        while ((p = pNextImage(p, image)) != nullptr)
             sources.push_back(image.given[SRC]);
         return sources;
     }
 
     // The buffer of the list that holds these URLs: their characters, each with a NUL, then the room that
-    // URLs which are not there were counted with.
-    std::string ListOf(const std::vector<Slice>& urls) const {
+    // was counted for URLs which are not there.
+    static std::string ListOf(const std::vector<Slice>& urls) {
         std::string list;
         std::size_t nSize = 0;
         for (const Slice& t : urls) {
-            nSize += index(t.nLength()) + 1;
-            if (!t.bEmpty())
-                list += CopyOf(View(t)) + '\0';
+            nSize += t.nLength() + 1;
+            list += t.bEmpty() ? std::string() : CopyOf(t) + '\0';
         }
         list.resize(nSize, '\0');
         return list;
@@ -344,27 +300,21 @@ public:
     std::string PlainText() const {
         std::string plain;
         bool bSeparated = true;
-        for (Pos p = 0; p < n; ++p) {
-            if (at(p) == '<') {
-                p = FindTagEnd(p);
-                if (p == NOWHERE)
-                    break;
-            } else if (at(p) != '\n' && at(p) != '\r' && at(p) != ' ') {
-                plain += at(p);
-                bSeparated = false;
-                continue;
-            }
-            if (!bSeparated)
+        for (const char* p = first; p < end; ++p) {
+            const bool bSeparator = *p == '\n' || *p == '\r' || *p == ' ' || *p == '<';
+            if (*p == '<' && (p = pFindTagEnd(p)) == nullptr)
+                break;
+            if (!bSeparator)
+                plain += *p;
+            else if (!bSeparated)
                 plain += ' ';
-            bSeparated = true;
+            bSeparated = bSeparator;
         }
         return plain;
     }
 
 private:
-    static std::size_t index(Pos p) { return static_cast<std::size_t>(p); }
-    char at(Pos p) const { return m_page[index(p)]; }
-    bool bWhite(Pos p) const { return at(p) == '\t' || at(p) == '\n' || at(p) == '\r' || at(p) == ' '; }
+    static bool bWhite(char c) { return c == '\t' || c == '\n' || c == '\r' || c == ' '; }
 
     static bool bTakesValue(int nTag, int nCode) {
         if (nTag == IMG)
@@ -375,22 +325,22 @@ private:
                nCode == ROWSPAN || nCode == COLSPAN;
     }
 
-    Pos NextImage(Pos p, Record& image) const {
-        while (p != NOWHERE && p < n) {
-            const Slice tName = FindNextTagName(p);
-            const int nCode = IdentifyTag(tName);
+    const char* pNextImage(const char* p, Record& image) const {
+        while (p < end) {
+            const Slice tName = tFindNextTagName(p);
+            const int nCode = nTagCode(tName);
             if (nCode == IMG)
-                return Parse(IMG, tName.first + 3, image);
-            const Pos end = FindTagEnd(p);
-            if (nCode == NO_TAG || end == NOWHERE)
-                return NOWHERE;
-            p = end + 1;
+                return pParse(IMG, tName.first + 3, image);
+            p = pFindTagEnd(p);
+            if (nCode == NO_TAG || p == nullptr)
+                return nullptr;
+            ++p;
         }
-        return NOWHERE;
+        return nullptr;
     }
 
-    std::string_view m_page;
-    Pos n;
+    const char* first;
+    const char* end;
 };
 
 } // namespace reference
