@@ -48,7 +48,7 @@ run_stage() {
       ;;
     tidy)
       tools/need build test tidy
-      build dev
+      tools/quietly cmake --preset dev
       sources 'src/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
         xargs -r -n 1 -P "$cores" tools/quietly clang-tidy-14 --quiet -p build/dev
       ;;
