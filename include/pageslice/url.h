@@ -79,6 +79,8 @@ public:
     // Debug prints: the file title for nMode 1 and 2, an empty slice for other modes; then, when the title
     // is not all letters, once more with every run of other characters as one space. They return
     // out.GetLength().
+    using text::print;
+    using text::println;
     int print(OutputText& out, int bNewLine, int nMode) const;
     int println(OutputText& out, int nMode) const;
     int println(int nMode) const;

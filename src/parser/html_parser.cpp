@@ -104,8 +104,9 @@ int HtmlParser::bConvertHtmlToPlainText(char** ppText) {
         return 0;
     }
     OutputText out;
-    out.SetBuffer(pText, pText + n);
+    out.SetBufferUnfilled(pText, pText + n);
     WritePlainText(m_tPage, out);
+    std::memset(out.m_pCurrent, 0, static_cast<std::size_t>(out.m_pBufEnd - out.m_pCurrent) + 1);
     return 1;
 }
 

@@ -1,18 +1,12 @@
 #include "scan/tag_bounds.h"
 
+#include "scan/primitives.h"
+
 const char* pFindTagEnd(const char* p, const text& page) noexcept {
-    if (p == nullptr) {
+    if (p == nullptr || p > page.m_pEnd) {
         return nullptr;
     }
-    bool bQuoted = false;
-    for (; p <= page.m_pEnd; ++p) {
-        if (*p == '"') {
-            bQuoted = !bQuoted;
-        } else if (*p == '>' && !bQuoted) {
-            return p;
-        }
-    }
-    return nullptr;
+    return *p == '>' ? p : Scan().FindTagEnd(p, page.m_pEnd + 1, false);
 }
 
 const char* pFindEndBeforeTag(const char* p, const char* pLower) noexcept {

@@ -1,0 +1,19 @@
+#ifndef PAGESLICE_PLATFORM_BITS_H
+#define PAGESLICE_PLATFORM_BITS_H
+
+#include <cstdint>
+
+// Index of the lowest bit of n that is set; n is not 0.
+inline unsigned nLowestBit(std::uint64_t n) noexcept {
+#if defined(__GNUC__)
+    return static_cast<unsigned>(__builtin_ctzll(n));
+#else
+    unsigned nIndex = 0;
+    for (; (n & 1) == 0; n >>= 1) {
+        ++nIndex;
+    }
+    return nIndex;
+#endif
+}
+
+#endif

@@ -1,0 +1,97 @@
+// 32 bytes at a time, with the bit instructions that come with this level.
+#include "scan/vector_levels.h"
+
+#if defined(PAGESLICE_HAS_AVX)
+
+#include <cstring>
+
+#include <immintrin.h>
+
+PAGESLICE_TARGET_BEGIN("avx2,bmi,bmi2,lzcnt,popcnt,pclmul")
+
+namespace scan_avx2 {
+namespace {
+
+unsigned nLowestBit(std::uint64_t n) noexcept {
+    return static_cast<unsigned>(_tzcnt_u64(n));
+}
+
+// A carry-less product with all ones adds, at each bit, all bits up to it.
+std::uint64_t nParity(std::uint64_t n) noexcept {
+    const __m128i product =
+        _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
+    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
+}
+
+class Block {
+public:
+    explicit Block(const char* p) noexcept
+        : m_low(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
+          m_high(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p) + 1)) {}
+
+    std::uint64_t Equal(char c) const noexcept {
+        const __m256i pattern = _mm256_set1_epi8(c);
+        return nMask(_mm256_cmpeq_epi8(m_low, pattern), _mm256_cmpeq_epi8(m_high, pattern));
+    }
+
+    // Each of the three looks itself up by its lower half; no other byte finds itself there.
+    std::uint64_t Blank() const noexcept {
+        const __m256i table =
+            _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1, //
+                             ' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1);
+        return nMask(_mm256_cmpeq_epi8(m_low, _mm256_shuffle_epi8(table, m_low)),
+                     _mm256_cmpeq_epi8(m_high, _mm256_shuffle_epi8(table, m_high)));
+    }
+
+    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
+        if (nKeep == 0) {
+            return pOut;
+        }
+        char bytes[SCAN_BLOCK];
+        const __m256i spaces = _mm256_set1_epi8(' ');
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(bytes),
+                            _mm256_blendv_epi8(m_low, spaces, Spread(nBlank)));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(bytes) + 1,
+                            _mm256_blendv_epi8(m_high, spaces, Spread(nBlank >> 32)));
+        for (std::size_t i = 0; i < SCAN_BLOCK; i += 8) {
+            std::uint64_t nWord = 0;
+            std::memcpy(&nWord, bytes + i, sizeof nWord);
+            const std::uint64_t nBits = nKeep >> i & 0xFF;
+            nWord = _pext_u64(nWord, _pdep_u64(nBits, 0x0101010101010101) * 0xFF);
+            std::memcpy(pOut, &nWord, sizeof nWord);
+            pOut += _mm_popcnt_u64(nBits);
+        }
+        return pOut;
+    }
+
+private:
+    static std::uint64_t nMask(__m256i low, __m256i high) noexcept {
+        const auto nLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(low));
+        const auto nHigh = static_cast<std::uint32_t>(_mm256_movemask_epi8(high));
+        return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
+    }
+
+    // One byte of ones for each of the low 32 bits that is set.
+    static __m256i Spread(std::uint64_t nBits) noexcept {
+        const __m256i lanes = _mm256_setr_epi64x(0, 0x0101010101010101, 0x0202020202020202, 0x0303030303030303);
+        const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201));
+        const __m256i bytes =
+            _mm256_shuffle_epi8(_mm256_set1_epi32(static_cast<int>(static_cast<std::uint32_t>(nBits))), lanes);
+        return _mm256_cmpeq_epi8(_mm256_and_si256(bytes, bits), bits);
+    }
+
+    __m256i m_low;
+    __m256i m_high;
+};
+
+#include "scan/kernels.inc"
+
+} // namespace
+
+const ScanPrimitives PRIMITIVES = {"avx2", MarkTags, SqueezeMarkup, FindTagEnd};
+
+} // namespace scan_avx2
+
+PAGESLICE_TARGET_END
+
+#endif

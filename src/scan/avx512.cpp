@@ -1,0 +1,56 @@
+// A block in one register, compared into masks and squeezed by the processor itself.
+#include "scan/vector_levels.h"
+
+#if defined(PAGESLICE_HAS_AVX)
+
+#include <immintrin.h>
+
+PAGESLICE_TARGET_BEGIN("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,lzcnt,popcnt,pclmul")
+
+namespace scan_avx512 {
+namespace {
+
+unsigned nLowestBit(std::uint64_t n) noexcept {
+    return static_cast<unsigned>(_tzcnt_u64(n));
+}
+
+std::uint64_t nParity(std::uint64_t n) noexcept {
+    const __m128i product =
+        _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
+    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
+}
+
+class Block {
+public:
+    explicit Block(const char* p) noexcept : m_bytes(_mm512_loadu_si512(p)) {}
+
+    std::uint64_t Equal(char c) const noexcept { return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_set1_epi8(c)); }
+
+    // Each of the three looks itself up by its lower half; no other byte finds itself there.
+    std::uint64_t Blank() const noexcept {
+        const __m512i table = _mm512_broadcast_i32x4(
+            _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1));
+        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(table, m_bytes));
+    }
+
+    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
+        const __m512i blanked = _mm512_mask_blend_epi8(nBlank, m_bytes, _mm512_set1_epi8(' '));
+        _mm512_storeu_si512(pOut, _mm512_maskz_compress_epi8(nKeep, blanked));
+        return pOut + _mm_popcnt_u64(nKeep);
+    }
+
+private:
+    __m512i m_bytes;
+};
+
+#include "scan/kernels.inc"
+
+} // namespace
+
+const ScanPrimitives PRIMITIVES = {"avx512", MarkTags, SqueezeMarkup, FindTagEnd};
+
+} // namespace scan_avx512
+
+PAGESLICE_TARGET_END
+
+#endif

@@ -1,0 +1,92 @@
+// The definition: 64-bit arithmetic only. A 32-bit build without vector instructions gets this one.
+#include "scan/portable.h"
+
+#include <cstring>
+
+#include "platform/bits.h"
+
+namespace scan_portable {
+namespace {
+
+constexpr std::size_t WORD = 8;
+constexpr std::uint64_t EVERY_BYTE = 0x0101010101010101;
+constexpr std::uint64_t LOW_BITS = 0x7F7F7F7F7F7F7F7F;
+
+// One bit per byte of a word that is 0. The bytes' top bits are gathered by a multiplication that moves
+// each of them to a place of its own in the highest byte.
+std::uint64_t nZeroBytes(std::uint64_t n) noexcept {
+    constexpr std::uint64_t GATHER = 0x0102040810204080;
+    const std::uint64_t nTopBits = ~(((n & LOW_BITS) + LOW_BITS) | n | LOW_BITS);
+    return ((nTopBits >> 7) * GATHER) >> 56;
+}
+
+std::uint64_t nParity(std::uint64_t n) noexcept {
+    for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
+        n ^= n << nShift;
+    }
+    return n;
+}
+
+class Block {
+public:
+    explicit Block(const char* p) noexcept : m_p(p) {
+        for (std::size_t i = 0; i < WORD; ++i) {
+            m_words[i] = nLoad(p + i * WORD);
+        }
+    }
+
+    std::uint64_t Equal(char c) const noexcept {
+        const std::uint64_t nPattern = EVERY_BYTE * static_cast<unsigned char>(c);
+        std::uint64_t nMask = 0;
+        for (std::size_t i = 0; i < WORD; ++i) {
+            nMask |= nZeroBytes(m_words[i] ^ nPattern) << (i * WORD);
+        }
+        return nMask;
+    }
+
+    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
+
+    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
+        return pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
+    }
+
+private:
+    // The first byte stands in the lowest bits, whatever the processor's byte order.
+    static std::uint64_t nLoad(const char* p) noexcept {
+        std::uint64_t n = 0;
+        for (std::size_t i = WORD; i-- > 0;) {
+            n = n << 8 | static_cast<unsigned char>(p[i]);
+        }
+        return n;
+    }
+
+    const char* m_p;
+    std::uint64_t m_words[WORD];
+};
+
+#include "scan/kernels.inc"
+
+} // namespace
+
+char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept {
+    while (nKeep != 0) {
+        const unsigned nStart = nLowestBit(nKeep);
+        const std::uint64_t nGap = ~(nKeep >> nStart);
+        const unsigned nLength = nGap == 0 ? SCAN_BLOCK : nLowestBit(nGap);
+        std::memcpy(pOut, p + nStart, nLength);
+        for (std::uint64_t n = (nBlank & nKeep) >> nStart; n != 0; n &= n - 1) {
+            const unsigned nAt = nLowestBit(n);
+            if (nAt >= nLength) {
+                break;
+            }
+            pOut[nAt] = ' ';
+        }
+        pOut += nLength;
+        nKeep = nStart + nLength == SCAN_BLOCK ? 0 : nKeep & ~std::uint64_t{0} << (nStart + nLength);
+    }
+    return pOut;
+}
+
+const ScanPrimitives PRIMITIVES = {"portable", MarkTags, SqueezeMarkup, FindTagEnd};
+
+} // namespace scan_portable

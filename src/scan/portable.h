@@ -1,0 +1,17 @@
+#ifndef PAGESLICE_SCAN_PORTABLE_H
+#define PAGESLICE_SCAN_PORTABLE_H
+
+#include <cstdint>
+
+#include "scan/primitives.h"
+
+namespace scan_portable {
+
+extern const ScanPrimitives PRIMITIVES;
+
+// Squeezes 64 bytes run by run: writes those of nKeep in order, those of nBlank as spaces.
+char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept;
+
+} // namespace scan_portable
+
+#endif

@@ -1,0 +1,64 @@
+// 16 bytes at a time: every 64-bit x86 processor has this level, and nearly every 32-bit one.
+#include "scan/vector_levels.h"
+
+#if defined(PAGESLICE_HAS_SSE2)
+
+#include <emmintrin.h>
+
+#include "platform/bits.h"
+#include "scan/portable.h"
+
+PAGESLICE_TARGET_BEGIN("sse2")
+
+namespace scan_sse2 {
+namespace {
+
+std::uint64_t nParity(std::uint64_t n) noexcept {
+    for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
+        n ^= n << nShift;
+    }
+    return n;
+}
+
+class Block {
+public:
+    explicit Block(const char* p) noexcept : m_p(p) {
+        for (int i = 0; i < PIECES; ++i) {
+            m_pieces[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p) + i);
+        }
+    }
+
+    std::uint64_t Equal(char c) const noexcept {
+        const __m128i pattern = _mm_set1_epi8(c);
+        std::uint64_t nMask = 0;
+        for (int i = 0; i < PIECES; ++i) {
+            const int nBits = _mm_movemask_epi8(_mm_cmpeq_epi8(m_pieces[i], pattern));
+            nMask |= static_cast<std::uint64_t>(nBits) << (16 * i);
+        }
+        return nMask;
+    }
+
+    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
+
+    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
+        return scan_portable::pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
+    }
+
+private:
+    static constexpr int PIECES = 4;
+
+    const char* m_p;
+    __m128i m_pieces[PIECES];
+};
+
+#include "scan/kernels.inc"
+
+} // namespace
+
+const ScanPrimitives PRIMITIVES = {"sse2", MarkTags, SqueezeMarkup, FindTagEnd};
+
+} // namespace scan_sse2
+
+PAGESLICE_TARGET_END
+
+#endif
