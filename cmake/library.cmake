@@ -6,11 +6,9 @@ set(floors platform text scan url output tags parser)
 list(TRANSFORM floors REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
 file(GLOB sources CONFIGURE_DEPENDS ${patterns})
 
-# Code for one instruction set stands in files named after it (scan/*_avx2.cpp). Functions there carry their own
-# target attribute; flags for whole files would also change the inline functions that other files share.
-if(NOT CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|i[3-6]86|x86)$")
-  list(FILTER sources EXCLUDE REGEX "_(sse2|avx2|avx512)\\.cpp$")
-endif()
+# Code for one instruction set (src/scan/avx2.cpp) compiles to nothing where the processor family lacks it, and switches
+# the set on by pragma. Flags for such a file, should one need them, belong here; they also change the inline functions
+# that it shares with other files, which then may run where the set is missing.
 
 function(pageslice_library target type)
   add_library(${target} ${type} ${ARGN})
