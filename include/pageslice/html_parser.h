@@ -158,8 +158,8 @@ protected:
     int m_bInitialized; // 1 once the pass has started on this page
 
 private:
-    int nFindLengthOfImageUrls() const noexcept;
-    void FillImageUrls(UrlList* pList) const noexcept;
+    int nFindLengthOfImageUrls() const;
+    void FillImageUrls(UrlList* pList) const;
     int nFindLengthOfLinkUrls() const noexcept;
     void FillLinkUrls(UrlList* pList) const noexcept;
     const char* bGetNextImageTag(const char* p, tag_img& record) const noexcept;

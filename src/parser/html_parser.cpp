@@ -10,6 +10,7 @@
 #include "output/output_text.h"
 #include "output/plain_text.h"
 #include "parser/page_size.h"
+#include "scan/primitives.h"
 
 namespace {
 
@@ -106,7 +107,7 @@ int HtmlParser::bConvertHtmlToPlainText(char** ppText) {
     OutputText out;
     out.SetBufferUnfilled(pText, pText + n);
     WritePlainText(m_tPage, out);
-    std::memset(out.m_pCurrent, 0, static_cast<std::size_t>(out.m_pBufEnd - out.m_pCurrent) + 1);
+    Scan().Clear(out.m_pCurrent, out.m_pBufEnd + 1);
     return 1;
 }
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -8,6 +9,33 @@
 #include "scan/tag_walk.h"
 
 namespace {
+
+// Whether a start tag, or an end tag, that begins with this character may be one that the pass acts on.
+enum FirstCharacter : unsigned char { OF_START_TAG = 1, OF_END_TAG = 2 };
+
+constexpr std::array<unsigned char, 256> MakeFirstCharacters() noexcept {
+    std::array<unsigned char, 256> marks{};
+    for (const char c : {'a', 'l', 't', 'A', 'L', 'T'}) {
+        marks[static_cast<unsigned char>(c)] = OF_START_TAG | OF_END_TAG;
+    }
+    for (const char c : {'h', 'o', 'u', 'H', 'O', 'U'}) {
+        marks[static_cast<unsigned char>(c)] = OF_END_TAG;
+    }
+    marks[' '] = OF_START_TAG; // the name stands behind spaces, and may be any
+    return marks;
+}
+
+constexpr std::array<unsigned char, 256> FIRST_CHARACTERS = MakeFirstCharacters();
+
+// Two bytes tell most tags of a page to be none of the pass's.
+bool bMayAct(const char* pOpen, const text& page) noexcept {
+    if (page.m_pEnd - pOpen < 2) {
+        return false; // no room for a name of one letter and its end
+    }
+    const bool bEndTag = pOpen[1] == '/';
+    const auto cFirst = static_cast<unsigned char>(bEndTag ? pOpen[2] : pOpen[1]);
+    return (FIRST_CHARACTERS[cFirst] & (bEndTag ? OF_END_TAG : OF_START_TAG)) != 0;
+}
 
 // Where the pass leaves its results: members of the parser.
 struct Index {
@@ -30,8 +58,8 @@ public:
     void Run();
 
 private:
-    bool bHandleTag(int nCode, const text& tName);
-    template <class Record> bool bParse(Record& record, const text& tName, int nWordLength) noexcept;
+    bool bHandleTag(const TagAt& tag);
+    template <class Record> bool bParse(Record& record, const char* pAttributes) noexcept;
     void BeginBehindStep(text& tCapture) noexcept;
     text tCaptured(const text& tCapture) const noexcept;
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;
@@ -57,40 +85,41 @@ private:
 };
 
 void IndexingPass::Run() {
-    text tName;
-    int nCode = TAG_NONE;
+    TagAt tag{nullptr, TAG_NONE};
     while (const char* const pOpen = m_walk.pNext()) {
+        if (!bMayAct(pOpen, m_page)) {
+            continue;
+        }
         // A tag may be visited many times over; its name is read once.
         if (pOpen != m_pOpen) {
             m_pOpen = pOpen;
-            tName = tGetTagName(pOpen, m_page);
-            nCode = nGetTagCode(tName);
+            tag = GetTagAt(pOpen, m_page.m_pEnd + 1);
         }
-        if (!bHandleTag(nCode, tName)) {
+        if (!bHandleTag(tag)) {
             return;
         }
     }
 }
 
 // What each tag does. False ends the pass.
-bool IndexingPass::bHandleTag(int nCode, const text& tName) {
-    switch (nCode) {
+bool IndexingPass::bHandleTag(const TagAt& tag) {
+    switch (tag.nCode) {
     case TAG_A:
-        if (!bParse(m_tagAnchor, tName, 1)) {
+        if (!bParse(m_tagAnchor, tag.pName + 1)) {
             return false;
         }
         m_bInAnchor = true;
         BeginBehindStep(m_tAnchorText);
         return true;
-    case TAG_TABLE: return bParse(m_index.tagTable, tName, 5);
+    case TAG_TABLE: return bParse(m_index.tagTable, tag.pName + 5);
     case TAG_TD:
-        if (!bParse(m_index.tagTd, tName, 2)) {
+        if (!bParse(m_index.tagTd, tag.pName + 2)) {
             return false;
         }
         BeginBehindStep(m_tCellText);
         return true;
-    case TAG_TH: return bParse(m_tagThScratch, tName, 2);
-    case TAG_TR: return bParse(m_index.tagTr, tName, 2);
+    case TAG_TH: return bParse(m_tagThScratch, tag.pName + 2);
+    case TAG_TR: return bParse(m_index.tagTr, tag.pName + 2);
     case TAG_LI:
         if (m_tListItem.m_pStart == nullptr) {
             BeginBehindStep(m_tListItem);
@@ -121,8 +150,7 @@ bool IndexingPass::bHandleTag(int nCode, const text& tName) {
             CloseListItem();
         }
         return true;
-    case TAG_END_HTML:
-    case TAG_NONE: return false;
+    case TAG_END_HTML: return false;
     default: return true;
     }
 }
@@ -130,8 +158,8 @@ bool IndexingPass::bHandleTag(int nCode, const text& tName) {
 // Reads the tag's attributes; the step then ends at the first '>' behind them. False when the page ends
 // inside the tag.
 template <class Record>
-bool IndexingPass::bParse(Record& record, const text& tName, int nWordLength) noexcept {
-    const char* const pStopped = record.pParse(tName.m_pStart + nWordLength, m_page);
+bool IndexingPass::bParse(Record& record, const char* pAttributes) noexcept {
+    const char* const pStopped = record.pParse(pAttributes, m_page);
     const char* const pEnd = pFindTagEnd(pStopped, m_page);
     m_walk.ContinueBehind(pEnd);
     return pEnd != nullptr;

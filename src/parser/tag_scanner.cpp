@@ -1,10 +1,32 @@
 #include "parser/tag_scanner.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 #include "pageslice/html_parser.h"
-#include "text/string_utils.h"
+#include "platform/bits.h"
+#include "text/word_table.h"
+
+namespace {
+
+constexpr int LONGEST_WORD = 6;
+
+constexpr WordTable<17> TAG_WORDS({{"a", TAG_A},       {"img", TAG_IMG},       {"table", TAG_TABLE},
+                                   {"td", TAG_TD},     {"th", TAG_TH},         {"tr", TAG_TR},
+                                   {"ul", TAG_UL},     {"ol", TAG_OL},         {"li", TAG_LI},
+                                   {"meta", TAG_META}, {"br", TAG_BR},         {"hr", TAG_HR},
+                                   {"p", TAG_P},       {"center", TAG_CENTER}, {"pre", TAG_PRE},
+                                   {"title", TAG_TITLE}, {"html", TAG_HTML}});
+
+// The one word that is not made of letters.
+constexpr std::uint64_t COMMENT_WORD = '!' | '-' << 8 | '-' << 16;
+
+int nCodeOf(std::uint64_t nWord) noexcept {
+    return nWord == COMMENT_WORD ? TAG_COMMENT : TAG_WORDS.nFind(nWord, TAG_UNKNOWN);
+}
+
+} // namespace
 
 text tGetTagName(const char* pOpen, const text& page) noexcept {
     const char* p = pOpen + 1;
@@ -29,28 +51,35 @@ int nGetTagCode(const text& tName) noexcept {
 }
 
 int nGetWordCode(const text& tWord) noexcept {
-    struct Word {
-        const char* pWord;
-        int nLength;
-        int nCode;
-    };
-    static constexpr Word WORDS[] = {
-        {"a", 1, TAG_A},           {"p", 1, TAG_P},       {"td", 2, TAG_TD},   {"tr", 2, TAG_TR},
-        {"th", 2, TAG_TH},         {"ul", 2, TAG_UL},     {"ol", 2, TAG_OL},   {"li", 2, TAG_LI},
-        {"br", 2, TAG_BR},         {"hr", 2, TAG_HR},     {"img", 3, TAG_IMG}, {"!--", 3, TAG_COMMENT},
-        {"pre", 3, TAG_PRE},       {"meta", 4, TAG_META}, {"html", 4, TAG_HTML}, {"table", 5, TAG_TABLE},
-        {"title", 5, TAG_TITLE},   {"center", 6, TAG_CENTER},
-    };
-    if (tWord.m_pStart == nullptr) {
+    const int n = tWord.GetLength();
+    if (tWord.m_pStart == nullptr || n < 1 || n > LONGEST_WORD) {
         return TAG_UNKNOWN;
     }
-    const int n = tWord.GetLength();
-    for (const Word& word : WORDS) {
-        if (word.nLength == n && nStrNICmp(tWord.m_pStart, word.pWord, static_cast<unsigned>(n)) == 0) {
-            return word.nCode;
-        }
+    return nCodeOf(nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n)));
+}
+
+TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
+    const char* p = pOpen + 1;
+    while (p < pPageEnd && *p == ' ') {
+        ++p;
     }
-    return TAG_UNKNOWN;
+    std::uint64_t nName = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
+    const bool bClosing = (nName & 0xFF) == '/';
+    nName >>= bClosing ? 8 : 0;
+    // A letter has this bit and what ends a name has not, so a word of letters ends where it is first clear.
+    // The longest known word ends within these bytes.
+    constexpr unsigned LETTER_BIT = 6;
+    const std::uint64_t nEnds = ~nName & (WORD_EACH_BYTE << LETTER_BIT);
+    if (nEnds == 0) {
+        return {p, TAG_UNKNOWN};
+    }
+    const unsigned nBits = nLowestBit(nEnds) - LETTER_BIT;
+    const std::uint64_t nEnd = nName >> nBits & 0xFF;
+    if (nEnd != ' ' && nEnd != '>') {
+        return {p, TAG_UNKNOWN};
+    }
+    const std::uint64_t nWord = nName & ((std::uint64_t{1} << nBits) - 1);
+    return {p, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + (bClosing ? TAG_END_OFFSET : 0)};
 }
 
 text HtmlParser::tFindNextTagName(const char* p) const noexcept {

@@ -13,4 +13,12 @@ int nGetTagCode(const text& tName) noexcept;
 // The tag code of a word without its '/'; TAG_UNKNOWN for an empty slice.
 int nGetWordCode(const text& tWord) noexcept;
 
+// Both in one, for walks that act on known tags only: the name's first character and the tag code. What is
+// no word of letters, ended by a space or '>' inside the page, has an unknown code here.
+struct TagAt {
+    const char* pName;
+    int nCode;
+};
+TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept;
+
 #endif

@@ -1,11 +1,11 @@
 #include <climits>
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 #include "pageslice/html_parser.h"
+#include "parser/image_walk.h"
 #include "parser/page_size.h"
-#include "parser/tag_scanner.h"
-#include "scan/tag_walk.h"
 #include "tags/tag_img.h"
 
 namespace {
@@ -16,14 +16,52 @@ int nListSize(std::size_t n, const text& page) noexcept {
     return n > INT_MAX || nPageSize(page) > INT_MAX ? 0 : static_cast<int>(n);
 }
 
+// The sources of a page's image tags, in page order, an empty one for a tag without a source.
+class ImageSources {
+public:
+    explicit ImageSources(const text& page) : m_page(page) {
+        ImageWalk walk(page.m_pStart, page);
+        tag_img record;
+        while (walk.pNext(record) != nullptr) {
+            if (m_sources.empty()) {
+                m_sources.reserve(USUAL_IMAGES);
+            }
+            m_sources.push_back(record.m_urlSrc);
+        }
+    }
+
+    int nListSize() const noexcept {
+        std::size_t n = 0;
+        for (const text& source : m_sources) {
+            // An image without a source counts two bytes, which stay unused.
+            n += static_cast<std::size_t>(source.GetLength()) + 1;
+        }
+        return ::nListSize(n, m_page);
+    }
+
+    void Fill(UrlList& list) const noexcept {
+        for (const text& source : m_sources) {
+            list.bAddUrl(source);
+        }
+    }
+
+private:
+    static constexpr std::size_t USUAL_IMAGES = 64;
+
+    const text& m_page;
+    std::vector<text> m_sources;
+};
+
 } // namespace
 
 void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
     if (m_bInitialized == 0) {
         InitializeHtmlFile();
     }
-    auto pImages = std::make_unique<UrlList>(nFindLengthOfImageUrls());
-    FillImageUrls(pImages.get());
+    // One walk over the page serves both the size and the entries.
+    const ImageSources sources(m_tPage);
+    auto pImages = std::make_unique<UrlList>(sources.nListSize());
+    sources.Fill(*pImages);
     pImages->pMoveFirst();
     auto pLinks = std::make_unique<UrlList>(nFindLengthOfLinkUrls());
     FillLinkUrls(pLinks.get());
@@ -36,23 +74,12 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
     }
 }
 
-int HtmlParser::nFindLengthOfImageUrls() const noexcept {
-    std::size_t n = 0;
-    tag_img record;
-    const char* p = m_tPage.m_pStart;
-    while ((p = bGetNextImageTag(p, record)) != nullptr) {
-        // An image without a source counts two bytes, which stay unused.
-        n += static_cast<std::size_t>(record.m_urlSrc.GetLength()) + 1;
-    }
-    return nListSize(n, m_tPage);
+int HtmlParser::nFindLengthOfImageUrls() const {
+    return ImageSources(m_tPage).nListSize();
 }
 
-void HtmlParser::FillImageUrls(UrlList* pList) const noexcept {
-    tag_img record;
-    const char* p = m_tPage.m_pStart;
-    while ((p = bGetNextImageTag(p, record)) != nullptr) {
-        pList->bAddUrl(record.m_urlSrc);
-    }
+void HtmlParser::FillImageUrls(UrlList* pList) const {
+    ImageSources(m_tPage).Fill(*pList);
 }
 
 int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
@@ -70,29 +97,13 @@ void HtmlParser::FillLinkUrls(UrlList* pList) const noexcept {
 }
 
 const char* HtmlParser::bGetNextImageTag(const char* p, tag_img& record) const noexcept {
-    TagWalk walk(p, m_tPage);
-    const char* pVisited = nullptr;
-    while (const char* const pOpen = walk.pNext()) {
-        if (pOpen == pVisited) {
-            continue; // seen before, and no image tag
-        }
-        pVisited = pOpen;
-        const text tName = tGetTagName(pOpen, m_tPage);
-        const int nCode = nGetTagCode(tName);
-        if (nCode == TAG_IMG) {
-            return record.pParse(tName.m_pEnd + 1, m_tPage);
-        }
-        if (nCode == TAG_NONE) {
-            return nullptr;
-        }
-    }
-    return nullptr;
+    return ImageWalk(p, m_tPage).pNext(record);
 }
 
 int HtmlParser::bIsImageInPage(url& source) const noexcept {
     tag_img record;
-    const char* p = m_tPage.m_pStart;
-    while ((p = bGetNextImageTag(p, record)) != nullptr) {
+    ImageWalk walk(m_tPage.m_pStart, m_tPage);
+    while (walk.pNext(record) != nullptr) {
         if (record.m_urlSrc == source) {
             return 1;
         }

@@ -9,12 +9,33 @@ constexpr std::size_t FIRST_CAPACITY = 16;
 
 enum Side : int { LEFT = 0, RIGHT = 1 };
 
-// The question of every descent: do two links differ within the length of the shorter one? A NUL that
-// stands at the same place in both ends the comparison.
-bool bDiffer(const text& a, const text& b) noexcept {
-    const auto n = static_cast<std::size_t>(std::min(a.m_pEnd - a.m_pStart, b.m_pEnd - b.m_pStart) + 1);
-    return std::strncmp(a.m_pStart, b.m_pStart, n) != 0;
-}
+// Asks the question of every descent: does the new link differ from another within the length of the
+// shorter one?
+class Comparison {
+public:
+    explicit Comparison(const text& tLink) noexcept
+        : m_pLink(tLink.m_pStart), m_nLength(nLengthOf(tLink)),
+          m_bHasNul(std::memchr(m_pLink, '\0', m_nLength) != nullptr) {}
+
+    bool bDiffersFrom(const text& tOther) const noexcept {
+        const std::size_t n = std::min(m_nLength, nLengthOf(tOther));
+        // Links of one page begin alike and end differently.
+        if (m_pLink[n - 1] != tOther.m_pStart[n - 1] && !m_bHasNul) {
+            return true;
+        }
+        // A NUL at the same place in both ends the comparison; without one in either, it finds none.
+        return std::strncmp(m_pLink, tOther.m_pStart, n) != 0;
+    }
+
+private:
+    static std::size_t nLengthOf(const text& t) noexcept {
+        return static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1;
+    }
+
+    const char* m_pLink;
+    std::size_t m_nLength;
+    bool m_bHasNul;
+};
 
 } // namespace
 
@@ -23,11 +44,12 @@ UrlMap::const_iterator UrlMap::begin() const noexcept {
 }
 
 void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
+    const Comparison link(anchor.m_urlHref);
     std::uint32_t nParent = NO_NODE;
     int nSide = LEFT;
     for (std::uint32_t n = m_nRoot; n != NO_NODE; n = m_nodes[n].nChild[nSide]) {
         nParent = n;
-        nSide = bDiffer(anchor.m_urlHref, m_entries[n].first.m_urlHref) ? LEFT : RIGHT;
+        nSide = link.bDiffersFrom(m_entries[n].first.m_urlHref) ? LEFT : RIGHT;
     }
 
     const auto nNew = static_cast<std::uint32_t>(m_entries.size());

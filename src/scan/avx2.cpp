@@ -1,4 +1,5 @@
 // 32 bytes at a time, with the bit instructions that come with this level.
+#include "scan/byte_classes.h"
 #include "scan/vector_levels.h"
 
 #if defined(PAGESLICE_HAS_AVX)
@@ -64,6 +65,11 @@ public:
         return pOut;
     }
 
+    static void Clear(char* p) noexcept {
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_setzero_si256());
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(p) + 1, _mm256_setzero_si256());
+    }
+
 private:
     static std::uint64_t nMask(__m256i low, __m256i high) noexcept {
         const auto nLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(low));
@@ -84,11 +90,43 @@ private:
     __m256i m_high;
 };
 
+class Piece {
+public:
+    static constexpr std::size_t SIZE = 32;
+
+    explicit Piece(const char* p) noexcept
+        : m_bytes(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))) {}
+
+    template <ByteClass CLASS>
+    std::uint32_t Mask() const noexcept {
+        __m256i ends;
+        if (CLASS == ENDS_QUOTED) {
+            ends = _mm256_or_si256(Equal('>'), Equal('"'));
+        } else {
+            // As in Block::Blank: whatever ends a value looks itself up by its lower half.
+            const __m256i table =
+                _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1, //
+                                 ' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1);
+            ends = _mm256_cmpeq_epi8(m_bytes, _mm256_shuffle_epi8(table, m_bytes));
+        }
+        if (CLASS == ENDS_NAME) {
+            ends = _mm256_or_si256(ends, Equal('='));
+        }
+        return static_cast<std::uint32_t>(_mm256_movemask_epi8(ends));
+    }
+
+private:
+    __m256i Equal(char c) const noexcept { return _mm256_cmpeq_epi8(m_bytes, _mm256_set1_epi8(c)); }
+
+    __m256i m_bytes;
+};
+
 #include "scan/kernels.inc"
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx2", MarkTags, SqueezeMarkup, FindTagEnd};
+const ScanPrimitives PRIMITIVES = {"avx2", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
+                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
 
 } // namespace scan_avx2
 

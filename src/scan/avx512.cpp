@@ -1,4 +1,5 @@
 // A block in one register, compared into masks and squeezed by the processor itself.
+#include "scan/byte_classes.h"
 #include "scan/vector_levels.h"
 
 #if defined(PAGESLICE_HAS_AVX)
@@ -28,7 +29,7 @@ public:
 
     // Each of the three looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
-        const __m512i table = _mm512_broadcast_i32x4(
+        const __m512i table = _mm512_maskz_broadcast_i32x4(0xFFFF,
             _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1));
         return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(table, m_bytes));
     }
@@ -39,15 +40,51 @@ public:
         return pOut + _mm_popcnt_u64(nKeep);
     }
 
+    static void Clear(char* p) noexcept {
+        _mm512_storeu_si512(p, _mm512_setzero_si512());
+    }
+
 private:
     __m512i m_bytes;
+};
+
+class Piece {
+public:
+    static constexpr std::size_t SIZE = 32;
+
+    explicit Piece(const char* p) noexcept
+        : m_bytes(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))) {}
+
+    template <ByteClass CLASS>
+    std::uint32_t Mask() const noexcept {
+        __m256i ends;
+        if (CLASS == ENDS_QUOTED) {
+            ends = _mm256_or_si256(Equal('>'), Equal('"'));
+        } else {
+            // As in Block::Blank: whatever ends a value looks itself up by its lower half.
+            const __m256i table =
+                _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1, //
+                                 ' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1);
+            ends = _mm256_cmpeq_epi8(m_bytes, _mm256_shuffle_epi8(table, m_bytes));
+        }
+        if (CLASS == ENDS_NAME) {
+            ends = _mm256_or_si256(ends, Equal('='));
+        }
+        return static_cast<std::uint32_t>(_mm256_movemask_epi8(ends));
+    }
+
+private:
+    __m256i Equal(char c) const noexcept { return _mm256_cmpeq_epi8(m_bytes, _mm256_set1_epi8(c)); }
+
+    __m256i m_bytes;
 };
 
 #include "scan/kernels.inc"
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx512", MarkTags, SqueezeMarkup, FindTagEnd};
+const ScanPrimitives PRIMITIVES = {"avx512", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
+                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
 
 } // namespace scan_avx512
 

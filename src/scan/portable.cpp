@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/bits.h"
+#include "scan/byte_classes.h"
 
 namespace scan_portable {
 namespace {
@@ -50,6 +51,10 @@ public:
         return pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
     }
 
+    static void Clear(char* p) noexcept {
+        std::memset(p, 0, SCAN_BLOCK);
+    }
+
 private:
     // The first byte stands in the lowest bits, whatever the processor's byte order.
     static std::uint64_t nLoad(const char* p) noexcept {
@@ -62,6 +67,13 @@ private:
 
     const char* m_p;
     std::uint64_t m_words[WORD];
+};
+
+struct Piece {
+    static constexpr std::size_t SIZE = 1;
+    explicit Piece(const char* p) noexcept : m_c(*p) {}
+    template <ByteClass CLASS> std::uint32_t Mask() const noexcept { return bIsOfClass(m_c, CLASS) ? 1 : 0; }
+    char m_c;
 };
 
 #include "scan/kernels.inc"
@@ -87,6 +99,7 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
     return pOut;
 }
 
-const ScanPrimitives PRIMITIVES = {"portable", MarkTags, SqueezeMarkup, FindTagEnd};
+const ScanPrimitives PRIMITIVES = {"portable", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
+                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
 
 } // namespace scan_portable

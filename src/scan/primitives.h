@@ -40,8 +40,17 @@ struct ScanPrimitives {
     // to SCAN_BLOCK bytes from the last writing position on may hold garbage.
     char* (*SqueezeMarkup)(const char* p, std::size_t nBlocks, char* pOut, SqueezeState& state);
 
+    // Sets [p, pEnd) to zero.
+    void (*Clear)(char* p, char* pEnd);
+
     // The first '>' outside quotes in [p, pEnd), or null. bQuoted: p lies inside quotes.
     const char* (*FindTagEnd)(const char* p, const char* pEnd, bool bQuoted);
+
+    // The first byte in [p, pEnd) that ends an attribute name, an unquoted value or a quoted one; pEnd when
+    // there is none.
+    const char* (*FindNameEnd)(const char* p, const char* pEnd);
+    const char* (*FindValueEnd)(const char* p, const char* pEnd);
+    const char* (*FindQuotedEnd)(const char* p, const char* pEnd);
 };
 
 // The best implementation for this processor, chosen on first use. The environment variable PAGESLICE_SCAN

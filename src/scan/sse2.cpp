@@ -1,4 +1,5 @@
 // 16 bytes at a time: every 64-bit x86 processor has this level, and nearly every 32-bit one.
+#include "scan/byte_classes.h"
 #include "scan/vector_levels.h"
 
 #if defined(PAGESLICE_HAS_SSE2)
@@ -44,6 +45,12 @@ public:
         return scan_portable::pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
     }
 
+    static void Clear(char* p) noexcept {
+        for (int i = 0; i < PIECES; ++i) {
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(p) + i, _mm_setzero_si128());
+        }
+    }
+
 private:
     static constexpr int PIECES = 4;
 
@@ -51,11 +58,40 @@ private:
     __m128i m_pieces[PIECES];
 };
 
+class Piece {
+public:
+    static constexpr std::size_t SIZE = 16;
+
+    explicit Piece(const char* p) noexcept
+        : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))) {}
+
+    template <ByteClass CLASS>
+    std::uint32_t Mask() const noexcept {
+        __m128i ends = Equal('>');
+        if (CLASS == ENDS_QUOTED) {
+            ends = _mm_or_si128(ends, Equal('"'));
+        } else {
+            ends = _mm_or_si128(ends, _mm_or_si128(Equal('<'), Equal(' ')));
+            ends = _mm_or_si128(ends, _mm_or_si128(Equal('\t'), _mm_or_si128(Equal('\n'), Equal('\r'))));
+        }
+        if (CLASS == ENDS_NAME) {
+            ends = _mm_or_si128(ends, Equal('='));
+        }
+        return static_cast<std::uint32_t>(_mm_movemask_epi8(ends));
+    }
+
+private:
+    __m128i Equal(char c) const noexcept { return _mm_cmpeq_epi8(m_bytes, _mm_set1_epi8(c)); }
+
+    __m128i m_bytes;
+};
+
 #include "scan/kernels.inc"
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"sse2", MarkTags, SqueezeMarkup, FindTagEnd};
+const ScanPrimitives PRIMITIVES = {"sse2", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
+                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
 
 } // namespace scan_sse2
 

@@ -115,4 +115,8 @@ void TagWalk::ContinueBehind(const char* pEnd) noexcept {
     }
     DropSweep();
     m_pEnd = pEnd;
+    if (pEnd == nullptr) {
+        m_pOpen = nullptr;
+        m_pFrom = nullptr;
+    }
 }

@@ -33,7 +33,7 @@ public:
     // The '>' that ends the current step, or null when the page ends first.
     const char* pStepEnd() noexcept;
 
-    // Ends the current step at pEnd instead.
+    // Ends the current step at pEnd instead; null ends the walk.
     void ContinueBehind(const char* pEnd) noexcept;
 
 private:

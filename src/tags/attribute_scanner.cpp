@@ -1,19 +1,22 @@
 #include <cstddef>
 
 #include "pageslice/records.h"
+#include "scan/primitives.h"
 #include "text/string_utils.h"
+#include "text/word_table.h"
 
 namespace {
 
 constexpr char QUOTE = '"';
+constexpr int LONGEST_WORD = 7;
 
-bool bEndsName(char c) noexcept {
-    return bIsWhiteSpace(c) != 0 || c == '=' || c == '>' || c == '<';
-}
-
-bool bEndsUnquotedValue(char c) noexcept {
-    return bIsWhiteSpace(c) != 0 || c == '>' || c == '<';
-}
+constexpr WordTable<20> ATTRIBUTE_WORDS(
+    {{"src", ATTR_SRC},         {"lowsrc", ATTR_LOWSRC},   {"alt", ATTR_ALT},       {"align", ATTR_ALIGN},
+     {"height", ATTR_HEIGHT},   {"width", ATTR_WIDTH},     {"border", ATTR_BORDER}, {"hspace", ATTR_HSPACE},
+     {"vspace", ATTR_VSPACE},   {"usemap", ATTR_USEMAP},   {"ismap", ATTR_ISMAP},   {"name", ATTR_NAME},
+     {"href", ATTR_HREF},       {"rel", ATTR_REL},         {"rev", ATTR_REV},       {"title", ATTR_TITLE},
+     {"valign", ATTR_VALIGN},   {"nowrap", ATTR_NOWRAP},   {"rowspan", ATTR_ROWSPAN},
+     {"colspan", ATTR_COLSPAN}});
 
 } // namespace
 
@@ -24,14 +27,14 @@ text tag::tGetAttributeName(const char* p, const text& page) const noexcept {
     while (p <= page.m_pEnd && bIsWhiteSpace(*p) != 0) {
         ++p;
     }
-    const char* const pStart = p;
-    while (p <= page.m_pEnd && !bEndsName(*p)) {
-        ++p;
-    }
     if (p > page.m_pEnd) {
         return text();
     }
-    return text(pStart, p == pStart ? p : p - 1, 0);
+    const char* const pEnd = Scan().FindNameEnd(p, page.m_pEnd + 1);
+    if (pEnd > page.m_pEnd) {
+        return text();
+    }
+    return text(p, pEnd == p ? p : pEnd - 1, 0);
 }
 
 const char* tag::pGetAttributeValue(const char* p, text& value, const text& page) const noexcept {
@@ -39,52 +42,37 @@ const char* tag::pGetAttributeValue(const char* p, text& value, const text& page
     if (p == nullptr) {
         return nullptr;
     }
-    while (p <= page.m_pEnd && (bIsWhiteSpace(*p) != 0 || *p == '=')) {
+    while (p <= page.m_pEnd && (*p == '=' || bIsWhiteSpace(*p) != 0)) {
         ++p;
     }
     const bool bQuoted = p <= page.m_pEnd && *p == QUOTE;
     if (bQuoted) {
         ++p;
     }
-    const char* const pStart = p;
-    while (p <= page.m_pEnd && (bQuoted ? *p != QUOTE && *p != '>' : !bEndsUnquotedValue(*p))) {
-        ++p;
-    }
     if (p > page.m_pEnd) {
         return nullptr;
     }
-    if (p > pStart) {
-        value.Set(pStart, p - 1, 0);
+    const ScanPrimitives& scan = Scan();
+    const char* const pEnd = (bQuoted ? scan.FindQuotedEnd : scan.FindValueEnd)(p, page.m_pEnd + 1);
+    if (pEnd > page.m_pEnd) {
+        return nullptr;
     }
-    return bQuoted ? p + 1 : p;
+    if (pEnd > p) {
+        value.Set(p, pEnd - 1, 0);
+    }
+    return bQuoted ? pEnd + 1 : pEnd;
 }
 
 int tag::nGetAttributeCode(text name) const noexcept {
-    struct Word {
-        const char* pWord;
-        int nLength;
-        int nCode;
-    };
-    static constexpr Word WORDS[] = {
-        {"src", 3, ATTR_SRC},         {"alt", 3, ATTR_ALT},         {"rel", 3, ATTR_REL},
-        {"rev", 3, ATTR_REV},         {"name", 4, ATTR_NAME},       {"href", 4, ATTR_HREF},
-        {"align", 5, ATTR_ALIGN},     {"width", 5, ATTR_WIDTH},     {"ismap", 5, ATTR_ISMAP},
-        {"title", 5, ATTR_TITLE},     {"lowsrc", 6, ATTR_LOWSRC},   {"height", 6, ATTR_HEIGHT},
-        {"border", 6, ATTR_BORDER},   {"hspace", 6, ATTR_HSPACE},   {"vspace", 6, ATTR_VSPACE},
-        {"usemap", 6, ATTR_USEMAP},   {"valign", 6, ATTR_VALIGN},   {"nowrap", 6, ATTR_NOWRAP},
-        {"rowspan", 7, ATTR_ROWSPAN}, {"colspan", 7, ATTR_COLSPAN},
-    };
     if (name.m_pStart == nullptr) {
         return ATTR_NONE;
     }
-    const std::ptrdiff_t n = name.m_pEnd - name.m_pStart + 1;
-    if (n == 1) {
-        return *name.m_pStart == '>' ? ATTR_TAG_END : ATTR_UNKNOWN;
+    const int n = name.GetLength();
+    if (n == 1 && *name.m_pStart == '>') {
+        return ATTR_TAG_END;
     }
-    for (const Word& word : WORDS) {
-        if (word.nLength == n && nStrNICmp(name.m_pStart, word.pWord, static_cast<unsigned>(n)) == 0) {
-            return word.nCode;
-        }
+    if (n < 1 || n > LONGEST_WORD) {
+        return ATTR_UNKNOWN;
     }
-    return ATTR_UNKNOWN;
+    return ATTRIBUTE_WORDS.nFind(nLoadWord(name.m_pStart, static_cast<std::size_t>(n)), ATTR_UNKNOWN);
 }

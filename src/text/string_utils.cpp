@@ -35,10 +35,6 @@ int nStrNCmp(const char* a, const char* b, unsigned n) noexcept {
     return std::strncmp(a, b, n);
 }
 
-int bIsWhiteSpace(char c) noexcept {
-    return c == '\t' || c == '\n' || c == '\r' || c == ' ' ? 1 : 0;
-}
-
 int bIsSeparator(char c) noexcept {
     return c == '.' || c == '/' || bIsWhiteSpace(c) != 0 ? 1 : 0;
 }

@@ -20,7 +20,9 @@ int nStrNICmp(const char* a, const char* b, unsigned n) noexcept;
 int nStrNCmp(const char* a, const char* b, unsigned n) noexcept;
 
 // 1 for tab, LF, CR and space.
-int bIsWhiteSpace(char c) noexcept;
+inline int bIsWhiteSpace(char c) noexcept {
+    return c == '\t' || c == '\n' || c == '\r' || c == ' ' ? 1 : 0;
+}
 // 1 for '.', '/' and white space.
 int bIsSeparator(char c) noexcept;
 
