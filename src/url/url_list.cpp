@@ -1,0 +1,95 @@
+#include "pageslice/url_list.h"
+
+#include <cstring>
+#include <utility>
+
+#include "url/bounded_length.h"
+
+UrlList::UrlList(int nSize) : m_pBuffer(nullptr), m_pLast(nullptr), m_pCursor(nullptr) {
+    Initialize(nSize);
+}
+
+UrlList::UrlList(const UrlList& other)
+    : UrlList(other.m_pBuffer == nullptr ? 0 : static_cast<int>(other.m_pLast - other.m_pBuffer) + 1) {
+    if (m_pBuffer != nullptr) {
+        std::memcpy(m_pBuffer, other.m_pBuffer, static_cast<std::size_t>(m_pLast - m_pBuffer) + 1);
+    }
+}
+
+UrlList& UrlList::operator=(const UrlList& other) {
+    if (this == &other) {
+        return *this;
+    }
+    UrlList copy(other);
+    if (copy.m_pBuffer == nullptr) {
+        copy.Initialize(1); // the target of an assignment always has a buffer
+    }
+    std::swap(m_pBuffer, copy.m_pBuffer);
+    std::swap(m_pLast, copy.m_pLast);
+    m_pCursor = m_pBuffer;
+    return *this;
+}
+
+UrlList::~UrlList() {
+    Clear();
+}
+
+void UrlList::Clear() noexcept {
+    delete[] m_pBuffer;
+    m_pBuffer = m_pLast = m_pCursor = nullptr;
+}
+
+int UrlList::bIsEmpty() const noexcept {
+    return m_pBuffer == nullptr ? 1 : 0;
+}
+
+int UrlList::bAddUrl(const char* pUrl) noexcept {
+    if (pUrl == nullptr) {
+        return 1;
+    }
+    const std::size_t n = std::strlen(pUrl);
+    return bAddCharacters(pUrl, n, n);
+}
+
+int UrlList::bAddUrl(const text& tUrl) noexcept {
+    if (tUrl.m_pStart == nullptr || tUrl.m_pEnd == nullptr || tUrl.m_pEnd < tUrl.m_pStart - 1) {
+        return 1;
+    }
+    const auto n = static_cast<std::size_t>(tUrl.m_pEnd + 1 - tUrl.m_pStart);
+    return bAddCharacters(tUrl.m_pStart, nBoundedLength(tUrl.m_pStart, n), n);
+}
+
+const char* UrlList::pMoveFirst() noexcept {
+    m_pCursor = m_pBuffer;
+    return m_pBuffer;
+}
+
+const char* UrlList::pGetNext() noexcept {
+    if (m_pCursor >= m_pLast) {
+        return nullptr;
+    }
+    const char* const p = m_pCursor;
+    m_pCursor += nBoundedLength(p, static_cast<std::size_t>(m_pLast - p)) + 1;
+    return *p == '\0' ? nullptr : p;
+}
+
+// Sets the fields and releases nothing: there is no buffer before.
+void UrlList::Initialize(int nSize) {
+    m_pBuffer = nSize <= 0 ? nullptr : new char[static_cast<std::size_t>(nSize)]();
+    m_pCursor = m_pBuffer;
+    m_pLast = m_pBuffer == nullptr ? nullptr : m_pBuffer + (nSize - 1);
+}
+
+// Adds an entry of nPadded bytes, the last nPadded - nCharacters of them zero, and its NUL.
+int UrlList::bAddCharacters(const char* p, std::size_t nCharacters, std::size_t nPadded) noexcept {
+    // Behind the last byte there is no room for the empty entry either. Room is measured rather than added
+    // up, because the cursor plus a hostile length may lie behind the address space.
+    if (m_pBuffer == nullptr || m_pCursor > m_pLast ||
+        nPadded > static_cast<std::size_t>(m_pLast - m_pCursor)) {
+        return 0;
+    }
+    std::memmove(m_pCursor, p, nCharacters); // an entry of this very list may overlap the cursor
+    std::memset(m_pCursor + nCharacters, 0, nPadded - nCharacters + 1);
+    m_pCursor += nPadded + 1;
+    return 1;
+}
