@@ -60,6 +60,9 @@ public:
     std::size_t size() const noexcept { return m_entries.size(); }
     bool empty() const noexcept { return m_entries.empty(); }
 
+    // Makes room for as many entries in all, so that arrays need not grow on the way there. Throws
+    // std::bad_alloc.
+    void Reserve(std::size_t nEntries);
     // Adds an entry. Throws std::bad_alloc, and then the map is as it was.
     void Insert(const tag_a& anchor, const text& tLinkText);
     void Clear() noexcept;
@@ -67,7 +70,10 @@ public:
 private:
     static constexpr std::uint32_t NO_NODE = UINT32_MAX;
 
+    // The link's ends stand here once more, so that a descent touches this array only.
     struct Node {
+        const char* pLinkStart;
+        const char* pLinkEnd; // inclusive
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
         bool bRed;

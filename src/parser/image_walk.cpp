@@ -14,7 +14,7 @@ bool bMayBeImageTag(const char* pOpen, const char* pPageEnd) noexcept {
     if (pPageEnd - pOpen < SHORTEST_TAG) {
         return false;
     }
-    return pOpen[1] == ' ' || ((pOpen[1] | 0x20) == 'i' && (pOpen[2] | 0x20) == 'm' && (pOpen[3] | 0x20) == 'g');
+    return pOpen[1] == ' ' || ((pOpen[1] | 0x20) == 'i' && (pOpen[2] | 0x20) == 'm');
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <vector>
@@ -37,6 +38,16 @@ bool bMayAct(const char* pOpen, const text& page) noexcept {
     return (FIRST_CHARACTERS[cFirst] & (bEndTag ? OF_END_TAG : OF_START_TAG)) != 0;
 }
 
+// Arrays start with the room that pages of this size usually fill, but never with much.
+constexpr std::size_t BYTES_PER_LINK = 384;
+constexpr std::size_t BYTES_PER_TEXT = 512;
+
+std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept {
+    constexpr std::size_t FEW = 8;
+    constexpr std::size_t MANY = 1024;
+    return std::clamp(nPage / nBytesPerEntry, FEW, MANY);
+}
+
 // Where the pass leaves its results: members of the parser.
 struct Index {
     tag_tr& tagTr;
@@ -63,6 +74,8 @@ private:
     void BeginBehindStep(text& tCapture) noexcept;
     text tCaptured(const text& tCapture) const noexcept;
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;
+
+    void Append(std::vector<text>& list, const text& t) const;
 
     void CloseTitle() noexcept;
     void CloseAnchor();
@@ -183,6 +196,13 @@ bool IndexingPass::bFillsAtMostHalfThePage(const text& t) const noexcept {
     return nSpan / static_cast<double>(m_page.m_pEnd - m_page.m_pStart) <= 0.5;
 }
 
+void IndexingPass::Append(std::vector<text>& list, const text& t) const {
+    if (list.empty()) {
+        list.reserve(nUsualCount(nPageSize(m_page), BYTES_PER_TEXT));
+    }
+    list.push_back(t);
+}
+
 void IndexingPass::CloseTitle() noexcept {
     if (!m_bInTitle) {
         return;
@@ -196,6 +216,9 @@ void IndexingPass::CloseTitle() noexcept {
 void IndexingPass::CloseAnchor() {
     if (m_bInAnchor && m_tagAnchor.m_urlHref.IsEmpty() == 0) {
         if (const text tLinkText = tCaptured(m_tAnchorText); tLinkText.IsEmpty() == 0) {
+            if (m_index.urlMap.empty()) {
+                m_index.urlMap.Reserve(nUsualCount(nPageSize(m_page), BYTES_PER_LINK));
+            }
             m_index.urlMap.Insert(m_tagAnchor, tLinkText);
         }
     }
@@ -207,7 +230,7 @@ void IndexingPass::CloseCell() {
     if (m_tCellText.m_pStart != nullptr) {
         const text tCell = tCaptured(m_tCellText);
         if (tCell.IsEmpty() == 0 && bFillsAtMostHalfThePage(tCell)) {
-            m_index.vCellTexts.push_back(tCell);
+            Append(m_index.vCellTexts, tCell);
         }
     }
     DropCell();
@@ -215,7 +238,7 @@ void IndexingPass::CloseCell() {
 
 void IndexingPass::CloseListItem() {
     if (const text tItem = tCaptured(m_tListItem); tItem.IsEmpty() == 0) {
-        m_index.vListItems.push_back(tItem);
+        Append(m_index.vListItems, tItem);
     }
     m_tListItem.Clear();
 }

@@ -14,26 +14,22 @@ enum Side : int { LEFT = 0, RIGHT = 1 };
 class Comparison {
 public:
     explicit Comparison(const text& tLink) noexcept
-        : m_pLink(tLink.m_pStart), m_nLength(nLengthOf(tLink)),
-          m_bHasNul(std::memchr(m_pLink, '\0', m_nLength) != nullptr) {}
+        : m_pLink(tLink.m_pStart), m_nLast(tLink.m_pEnd - tLink.m_pStart),
+          m_bHasNul(std::memchr(m_pLink, '\0', static_cast<std::size_t>(m_nLast) + 1) != nullptr) {}
 
-    bool bDiffersFrom(const text& tOther) const noexcept {
-        const std::size_t n = std::min(m_nLength, nLengthOf(tOther));
-        // Links of one page begin alike and end differently.
-        if (m_pLink[n - 1] != tOther.m_pStart[n - 1] && !m_bHasNul) {
+    bool bDiffersFrom(const char* pStart, const char* pEnd) const noexcept {
+        const std::ptrdiff_t nLast = std::min(m_nLast, pEnd - pStart);
+        // Links of one page begin alike and end differently. A NUL at the same place in both ends the
+        // comparison, but without one in the new link there is no such place.
+        if (m_pLink[nLast] != pStart[nLast] && !m_bHasNul) {
             return true;
         }
-        // A NUL at the same place in both ends the comparison; without one in either, it finds none.
-        return std::strncmp(m_pLink, tOther.m_pStart, n) != 0;
+        return std::strncmp(m_pLink, pStart, static_cast<std::size_t>(nLast) + 1) != 0;
     }
 
 private:
-    static std::size_t nLengthOf(const text& t) noexcept {
-        return static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1;
-    }
-
     const char* m_pLink;
-    std::size_t m_nLength;
+    std::ptrdiff_t m_nLast; // index of the last character
     bool m_bHasNul;
 };
 
@@ -43,22 +39,28 @@ UrlMap::const_iterator UrlMap::begin() const noexcept {
     return const_iterator(*this, m_nRoot == NO_NODE ? NO_NODE : nFirstBelow(m_nRoot));
 }
 
+void UrlMap::Reserve(std::size_t nEntries) {
+    m_entries.reserve(nEntries);
+    m_nodes.reserve(nEntries);
+}
+
 void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
     const Comparison link(anchor.m_urlHref);
     std::uint32_t nParent = NO_NODE;
     int nSide = LEFT;
     for (std::uint32_t n = m_nRoot; n != NO_NODE; n = m_nodes[n].nChild[nSide]) {
         nParent = n;
-        nSide = link.bDiffersFrom(m_entries[n].first.m_urlHref) ? LEFT : RIGHT;
+        nSide = link.bDiffersFrom(m_nodes[n].pLinkStart, m_nodes[n].pLinkEnd) ? LEFT : RIGHT;
     }
 
     const auto nNew = static_cast<std::uint32_t>(m_entries.size());
     // Room for both before either changes, so that a failure leaves the map as it was.
     if (m_nodes.size() == m_nodes.capacity()) {
-        m_nodes.reserve(std::max<std::size_t>(FIRST_CAPACITY, 2 * m_nodes.size()));
+        Reserve(std::max(FIRST_CAPACITY, 2 * m_nodes.size()));
     }
     m_entries.emplace_back(anchor, tLinkText);
-    m_nodes.push_back({nParent, {NO_NODE, NO_NODE}, true});
+    m_nodes.push_back(
+        {anchor.m_urlHref.m_pStart, anchor.m_urlHref.m_pEnd, nParent, {NO_NODE, NO_NODE}, true});
     if (nParent == NO_NODE) {
         m_nRoot = nNew;
     } else {

@@ -45,24 +45,9 @@ public:
     }
 
     char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
-        if (nKeep == 0) {
-            return pOut;
-        }
-        char bytes[SCAN_BLOCK];
-        const __m256i spaces = _mm256_set1_epi8(' ');
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(bytes),
-                            _mm256_blendv_epi8(m_low, spaces, Spread(nBlank)));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(bytes) + 1,
-                            _mm256_blendv_epi8(m_high, spaces, Spread(nBlank >> 32)));
-        for (std::size_t i = 0; i < SCAN_BLOCK; i += 8) {
-            std::uint64_t nWord = 0;
-            std::memcpy(&nWord, bytes + i, sizeof nWord);
-            const std::uint64_t nBits = nKeep >> i & 0xFF;
-            nWord = _pext_u64(nWord, _pdep_u64(nBits, 0x0101010101010101) * 0xFF);
-            std::memcpy(pOut, &nWord, sizeof nWord);
-            pOut += _mm_popcnt_u64(nBits);
-        }
-        return pOut;
+        pOut = pSqueezeHalf(m_low, static_cast<std::uint32_t>(nKeep), static_cast<std::uint32_t>(nBlank), pOut);
+        return pSqueezeHalf(m_high, static_cast<std::uint32_t>(nKeep >> 32),
+                            static_cast<std::uint32_t>(nBlank >> 32), pOut);
     }
 
     static void Clear(char* p) noexcept {
@@ -77,12 +62,31 @@ private:
         return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
     }
 
-    // One byte of ones for each of the low 32 bits that is set.
-    static __m256i Spread(std::uint64_t nBits) noexcept {
+    // Halves without text are common, and so are halves of nothing else.
+    static char* pSqueezeHalf(__m256i bytes, std::uint32_t nKeep, std::uint32_t nBlank, char* pOut) noexcept {
+        if (nKeep == 0) {
+            return pOut;
+        }
+        // Twice as long, because a run is copied by the full width wherever it starts.
+        char blanked[64];
+        const __m256i spaced = _mm256_blendv_epi8(bytes, _mm256_set1_epi8(' '), Spread(nBlank));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(blanked), spaced);
+        for (std::uint64_t nLeft = nKeep; nLeft != 0;) {
+            const unsigned nStart = nLowestBit(nLeft);
+            const std::uint64_t nBehind = nLeft + (std::uint64_t{1} << nStart);
+            _mm256_storeu_si256(reinterpret_cast<__m256i*>(pOut),
+                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(blanked + nStart)));
+            pOut += nLowestBit(nBehind) - nStart;
+            nLeft &= nBehind;
+        }
+        return pOut;
+    }
+
+    // One byte of ones for each bit that is set.
+    static __m256i Spread(std::uint32_t nBits) noexcept {
         const __m256i lanes = _mm256_setr_epi64x(0, 0x0101010101010101, 0x0202020202020202, 0x0303030303030303);
         const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201));
-        const __m256i bytes =
-            _mm256_shuffle_epi8(_mm256_set1_epi32(static_cast<int>(static_cast<std::uint32_t>(nBits))), lanes);
+        const __m256i bytes = _mm256_shuffle_epi8(_mm256_set1_epi32(static_cast<int>(nBits)), lanes);
         return _mm256_cmpeq_epi8(_mm256_and_si256(bytes, bits), bits);
     }
 

@@ -1,13 +1,12 @@
 #include <cstddef>
+#include <cstdint>
 
 #include "pageslice/records.h"
-#include "scan/primitives.h"
-#include "text/string_utils.h"
+#include "tags/attribute_scan.h"
 #include "text/word_table.h"
 
 namespace {
 
-constexpr char QUOTE = '"';
 constexpr int LONGEST_WORD = 7;
 
 constexpr WordTable<20> ATTRIBUTE_WORDS(
@@ -20,59 +19,38 @@ constexpr WordTable<20> ATTRIBUTE_WORDS(
 
 } // namespace
 
-text tag::tGetAttributeName(const char* p, const text& page) const noexcept {
-    if (p == nullptr) {
-        return text();
-    }
-    while (p <= page.m_pEnd && bIsWhiteSpace(*p) != 0) {
-        ++p;
-    }
-    if (p > page.m_pEnd) {
-        return text();
-    }
-    const char* const pEnd = Scan().FindNameEnd(p, page.m_pEnd + 1);
-    if (pEnd > page.m_pEnd) {
-        return text();
-    }
-    return text(p, pEnd == p ? p : pEnd - 1, 0);
-}
-
-const char* tag::pGetAttributeValue(const char* p, text& value, const text& page) const noexcept {
-    value.Clear();
-    if (p == nullptr) {
-        return nullptr;
-    }
-    while (p <= page.m_pEnd && (*p == '=' || bIsWhiteSpace(*p) != 0)) {
-        ++p;
-    }
-    const bool bQuoted = p <= page.m_pEnd && *p == QUOTE;
-    if (bQuoted) {
-        ++p;
-    }
-    if (p > page.m_pEnd) {
-        return nullptr;
-    }
-    const ScanPrimitives& scan = Scan();
-    const char* const pEnd = (bQuoted ? scan.FindQuotedEnd : scan.FindValueEnd)(p, page.m_pEnd + 1);
-    if (pEnd > page.m_pEnd) {
-        return nullptr;
-    }
-    if (pEnd > p) {
-        value.Set(p, pEnd - 1, 0);
-    }
-    return bQuoted ? pEnd + 1 : pEnd;
-}
-
-int tag::nGetAttributeCode(text name) const noexcept {
-    if (name.m_pStart == nullptr) {
-        return ATTR_NONE;
-    }
-    const int n = name.GetLength();
-    if (n == 1 && *name.m_pStart == '>') {
+int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept {
+    const std::ptrdiff_t n = pLast - p + 1;
+    if (n == 1 && *p == '>') {
         return ATTR_TAG_END;
     }
     if (n < 1 || n > LONGEST_WORD) {
         return ATTR_UNKNOWN;
     }
-    return ATTRIBUTE_WORDS.nFind(nLoadWord(name.m_pStart, static_cast<std::size_t>(n)), ATTR_UNKNOWN);
+    const std::uint64_t nWord = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
+    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)), ATTR_UNKNOWN);
+}
+
+text tag::tGetAttributeName(const char* p, const text& page) const noexcept {
+    if (p == nullptr || page.m_pEnd == nullptr) {
+        return text();
+    }
+    const char* const pStart = pSkipWhiteSpace(p, page.m_pEnd + 1);
+    const char* const pLast = pFindLastOfName(pStart, page.m_pEnd + 1);
+    return pLast == nullptr ? text() : text(pStart, pLast, 0);
+}
+
+const char* tag::pGetAttributeValue(const char* p, text& value, const text& page) const noexcept {
+    if (p == nullptr || page.m_pEnd == nullptr) {
+        value.Clear();
+        return nullptr;
+    }
+    return pScanValue(p, page.m_pEnd + 1, value);
+}
+
+int tag::nGetAttributeCode(text name) const noexcept {
+    if (name.m_pStart == nullptr || name.m_pEnd == nullptr) {
+        return ATTR_NONE;
+    }
+    return nGetNameCode(name.m_pStart, name.m_pEnd, name.m_pEnd + 1);
 }

@@ -6,6 +6,7 @@
 
 #include "pageslice/records.h"
 #include "scan/tag_bounds.h"
+#include "tags/attribute_scan.h"
 #include "text/string_utils.h"
 
 // The loop that all records share: from q on, scans name after name until the tag's '>' or the page's end.
@@ -13,22 +14,29 @@
 // every value that is not empty, otherwise with an empty slice.
 // Gives the position where the last name scan started, or null when a value ran to the end of the page.
 template <class TakesValue, class Store>
-const char* pParseAttributes(const tag& record, const char* q, const text& page, TakesValue bTakesValue,
-                             Store store) {
+const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesValue, Store store) {
+    if (q == nullptr || page.m_pEnd == nullptr) {
+        return nullptr;
+    }
+    const char* const pPageEnd = page.m_pEnd + 1;
     for (;;) {
-        const text name = record.tGetAttributeName(q, page);
-        const int nCode = record.nGetAttributeCode(name);
-        if (nCode == ATTR_TAG_END || nCode == ATTR_NONE) {
+        const char* const pName = pSkipWhiteSpace(q, pPageEnd);
+        if (pName < pPageEnd && *pName == '>') {
             return q;
         }
-        q = name.m_pEnd + 1;
+        const char* const pLast = pFindLastOfName(pName, pPageEnd);
+        if (pLast == nullptr) {
+            return q;
+        }
+        const int nCode = nGetNameCode(pName, pLast, pPageEnd);
+        q = pLast + 1;
         if (!bTakesValue(nCode)) {
             store(nCode, text());
             continue;
         }
         text value;
-        q = record.pGetAttributeValue(q, value, page);
-        if (value.IsEmpty() == 0) {
+        q = pScanValue(q, pPageEnd, value);
+        if (value.m_pStart != nullptr) {
             store(nCode, value);
         }
         if (q == nullptr) {

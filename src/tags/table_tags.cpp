@@ -51,7 +51,7 @@ const char* tag_table::pParse(const char* p, const text& page) noexcept {
         }
     };
     Clear();
-    return pParseAttributes(*this, p, page, bEveryNameTakesValue, store);
+    return pParseAttributes(p, page, bEveryNameTakesValue, store);
 }
 
 tag_tr::tag_tr() {
@@ -76,7 +76,7 @@ const char* tag_tr::pParse(const char* p, const text& page) noexcept {
         }
     };
     Clear();
-    return pParseAttributes(*this, pSkipTagWord(p, page), page, bEveryNameTakesValue, store);
+    return pParseAttributes(pSkipTagWord(p, page), page, bEveryNameTakesValue, store);
 }
 
 tag_td::tag_td() {
@@ -111,5 +111,5 @@ const char* tag_td::pParse(const char* p, const text& page) noexcept {
         }
     };
     Clear();
-    return pParseAttributes(*this, pSkipTagWord(p, page), page, bTakesValueInCell, store);
+    return pParseAttributes(pSkipTagWord(p, page), page, bTakesValueInCell, store);
 }

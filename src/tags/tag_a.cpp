@@ -28,6 +28,6 @@ const char* tag_a::pParse(const char* p, const text& page) noexcept {
     };
     Clear();
     const char* const q = pParseAttributes(
-        *this, pSkipTagWord(p, page), page, [](int) { return true; }, store);
+        pSkipTagWord(p, page), page, [](int) { return true; }, store);
     return pSetTag(*this, p, q, page);
 }

@@ -43,5 +43,5 @@ const char* tag_img::pParse(const char* p, const text& page) noexcept {
         }
     };
     Clear();
-    return pSetTag(*this, p, pParseAttributes(*this, p, page, bTakesValue, store), page);
+    return pSetTag(*this, p, pParseAttributes(p, page, bTakesValue, store), page);
 }

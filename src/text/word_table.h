@@ -23,6 +23,11 @@ inline std::uint64_t nLoadWord(const char* p, std::size_t n) noexcept {
     return nWord;
 }
 
+// The first n bytes of a word, n below eight.
+constexpr std::uint64_t nFirstBytes(std::uint64_t nWord, std::size_t n) noexcept {
+    return nWord & ((std::uint64_t{1} << (8 * n)) - 1);
+}
+
 // Codes of N keywords made of small letters, found whatever the case of a word.
 template <std::size_t N>
 class WordTable {

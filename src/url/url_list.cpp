@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "scan/primitives.h"
 #include "url/bounded_length.h"
 
 UrlList::UrlList(int nSize) : m_pBuffer(nullptr), m_pLast(nullptr), m_pCursor(nullptr) {
@@ -73,11 +74,14 @@ const char* UrlList::pGetNext() noexcept {
     return *p == '\0' ? nullptr : p;
 }
 
-// Sets the fields and releases nothing: there is no buffer before.
+// For a list without a buffer.
 void UrlList::Initialize(int nSize) {
-    m_pBuffer = nSize <= 0 ? nullptr : new char[static_cast<std::size_t>(nSize)]();
-    m_pCursor = m_pBuffer;
-    m_pLast = m_pBuffer == nullptr ? nullptr : m_pBuffer + (nSize - 1);
+    if (nSize <= 0) {
+        return;
+    }
+    m_pBuffer = m_pCursor = new char[static_cast<std::size_t>(nSize)];
+    m_pLast = m_pBuffer + (nSize - 1);
+    Scan().Clear(m_pBuffer, m_pLast + 1);
 }
 
 // Adds an entry of nPadded bytes, the last nPadded - nCharacters of them zero, and its NUL.

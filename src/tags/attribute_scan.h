@@ -1,0 +1,58 @@
+// The attribute scanner on plain positions: [p, pPageEnd) is what is left of the page. The members of `tag`
+// and the loop of the records share it.
+#ifndef PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
+#define PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
+
+#include "pageslice/text.h"
+#include "scan/primitives.h"
+#include "text/string_utils.h"
+
+inline const char* pSkipWhiteSpace(const char* p, const char* pPageEnd) noexcept {
+    while (p < pPageEnd && bIsWhiteSpace(*p) != 0) {
+        ++p;
+    }
+    return p;
+}
+
+// The last character of the name that starts at p, which may be a delimiter by itself; null when the page
+// ends before the name does.
+inline const char* pFindLastOfName(const char* p, const char* pPageEnd) noexcept {
+    if (p >= pPageEnd) {
+        return nullptr;
+    }
+    const char* const pEnd = Scan().FindNameEnd(p, pPageEnd);
+    if (pEnd == pPageEnd) {
+        return nullptr;
+    }
+    return pEnd == p ? p : pEnd - 1;
+}
+
+// The attribute code of the name from p to pLast.
+int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept;
+
+// See tag::pGetAttributeValue.
+inline const char* pScanValue(const char* p, const char* pPageEnd, text& value) noexcept {
+    constexpr char QUOTE = '"';
+    while (p < pPageEnd && (*p == '=' || bIsWhiteSpace(*p) != 0)) {
+        ++p;
+    }
+    const bool bQuoted = p < pPageEnd && *p == QUOTE;
+    if (bQuoted) {
+        ++p;
+    }
+    value.Clear();
+    if (p >= pPageEnd) {
+        return nullptr;
+    }
+    const ScanPrimitives& scan = Scan();
+    const char* const pEnd = (bQuoted ? scan.FindQuotedEnd : scan.FindValueEnd)(p, pPageEnd);
+    if (pEnd == pPageEnd) {
+        return nullptr;
+    }
+    if (pEnd > p) {
+        value.Set(p, pEnd - 1, 0);
+    }
+    return bQuoted ? pEnd + 1 : pEnd;
+}
+
+#endif
