@@ -83,8 +83,8 @@ TEST(Url, HostAndDomain) {
     std::string server = "kept";
     url::tGetHostName(text(), server);
     EXPECT_EQ(server, "kept");
-    const char inScheme[] = "h.i://h.i/"; // the first occurrence counts, wherever it is
-    EXPECT_EQ(url::tGetDomainName(text(inScheme)).m_pStart, inScheme + 2);
+    const char inScheme[] = "aaah.i://aah.i/"; // the first occurrence counts, wherever it is
+    EXPECT_EQ(url::tGetDomainName(text(inScheme)).m_pStart, inScheme + 5);
 }
 
 TEST(Url, ExtensionTitleAndImageType) {
@@ -135,15 +135,20 @@ public:
 };
 
 TEST(UrlList, PacksWhatFits) {
-    // The size, then what is added; '.' stands for a NUL.
+    // The size, then what is added; '.' stands for a NUL, '<' for a move to the start.
     Check({"0 x, -> 00  0 ", "4 abc, -> 10 abc. 4 |abc", "4 abcd -> 0 .... 0 |||",
            "4 abcd,ab -> 01 ab.. 3 |ab", "10 ab,xy -> 11 ab.xy..... 6 |ab|xy|||",
-           "6 ,ab -> 11 .ab... 4 ||ab|", "3 a.b -> 0 ... 0 ||", "9 a.b,c -> 11 a...c.... 6 |a|||c||"},
+           "6 ,ab -> 11 .ab... 4 ||ab|", "3 a.b -> 0 ... 0 ||", "9 a.b,c -> 11 a...c.... 6 |a|||c||",
+           "8 abcdefg,<,x.y -> 11 x...efg. 4 |x|||efg"},
           [](const std::string& s) {
               OpenList list(std::stoi(s));
               std::string results;
               std::istringstream urls(Halves(s).second + ",");
               for (std::string u; std::getline(urls, u, ',');) {
+                  if (u == "<") {
+                      list.pMoveFirst();
+                      continue;
+                  }
                   std::replace(u.begin(), u.end(), '.', '\0');
                   results += std::to_string(list.bAddUrl(FencedPage(u, Fence::Behind).Slice()));
               }
@@ -225,9 +230,9 @@ TEST(Canonical, Resolution) {
            "http://h/d/p /i/A -> http://h/i/A", "http://h/d/p ../a.gif -> http://h/a.gif",
            "http://h/d/p FTP://Other/x -> ftp://other/x", "http://h/d/p news:x -> news:x",
            "http://h/d/p a/b:c -> http://h/d/a/b:c", "http://h/d/p  -> http://h/d/",
-           "http://h/d/p //x -> http://h//x", "http://HOST /A -> http://host/A", "file a -> a",
-           "x:a/b /c -> x:c", "a/b //H/./../c -> //h/c", " /a//b -> /a/b", "http://host a -> http://a",
-           "//H/b /c -> //h/c"},
+           "http://h/d/p //x -> http://h//x", "http://HOST /A -> http://host/A", "http://h/ /a -> http://h/a",
+           "file a -> a", "x:a/b /c -> x:c", "a/b //H/./../c -> //h/c", " /a//b -> /a/b",
+           "http://host a -> http://a", "//H/b /c -> //h/c"},
           [](const std::string& s) {
               const auto [base, relative] = Halves(s);
               const std::unique_ptr<char[]> resolved(url::pResolveUrl(base.c_str(), relative.c_str()));
