@@ -70,10 +70,10 @@ public:
 private:
     static constexpr std::uint32_t NO_NODE = UINT32_MAX;
 
-    // The link's ends stand here once more, so that a descent touches this array only.
+    // The link stands here once more, so that a descent touches this array only.
     struct Node {
-        const char* pLinkStart;
-        const char* pLinkEnd; // inclusive
+        const char* pLink;
+        std::ptrdiff_t nLinkLast; // index of its last character
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
         bool bRed;

@@ -28,8 +28,10 @@ void WriteFrom(const char* p, const char* pPageEnd, bool bSeparated, OutputText&
     }
 }
 
-// The whole blocks of a page, squeezed into a buffer that has room for all of them. Whether a tag is ever
-// closed shows late, so the last place between two tags is remembered, to go back to where one is not.
+// The whole blocks of a page, squeezed into a buffer that has room for as many characters as the page. What
+// a block may overwrite beyond its text is left at the page's end, for the rule in its plain form. Whether a
+// tag is ever closed shows late, so the last place between two tags is remembered, to go back to where one
+// is not.
 class BlockWriter {
 public:
     BlockWriter(const char* p, const char* pPageEnd, OutputText& out) noexcept
@@ -53,7 +55,8 @@ public:
 
 private:
     std::size_t nWholeBlocks() const noexcept {
-        return static_cast<std::size_t>(m_pPageEnd - m_p) / SCAN_BLOCK;
+        const auto nLeft = static_cast<std::size_t>(m_pPageEnd - m_p);
+        return nLeft < SQUEEZE_OVERRUN ? 0 : (nLeft - SQUEEZE_OVERRUN) / SCAN_BLOCK + 1;
     }
 
     void Finish(const SqueezeState& state) noexcept {
@@ -69,7 +72,7 @@ private:
     // The sink's bytes behind its content are NULs again before it is written to.
     void Resume(const char* p, char* pOut, bool bSeparated) noexcept {
         m_out.m_pCurrent = pOut;
-        const auto nGarbage = static_cast<std::size_t>(m_pOutEnd - pOut) + SCAN_BLOCK;
+        const auto nGarbage = static_cast<std::size_t>(m_pOutEnd - pOut) + SQUEEZE_OVERRUN;
         std::memset(pOut, 0, std::min(nGarbage, static_cast<std::size_t>(m_out.m_pBufEnd - pOut) + 1));
         WriteFrom(p, m_pPageEnd, bSeparated, m_out);
     }

@@ -8,13 +8,13 @@ namespace {
 
 constexpr int IMG_LENGTH = 3;
 
-// Nearly every tag is told by its first characters to be no image tag.
+// The first characters tell nearly every tag to be no image tag.
 bool bMayBeImageTag(const char* pOpen, const char* pPageEnd) noexcept {
     constexpr int SHORTEST_TAG = 5; // <img>
     if (pPageEnd - pOpen < SHORTEST_TAG) {
         return false;
     }
-    return pOpen[1] == ' ' || ((pOpen[1] | 0x20) == 'i' && (pOpen[2] | 0x20) == 'm');
+    return (pOpen[1] | 0x20) == 'i' || pOpen[1] == ' ';
 }
 
 } // namespace

@@ -5,26 +5,35 @@
 #include <cstring>
 
 #include "pageslice/html_parser.h"
-#include "platform/bits.h"
 #include "text/word_table.h"
 
 namespace {
 
 constexpr int LONGEST_WORD = 6;
 
-constexpr WordTable<17> TAG_WORDS({{"a", TAG_A},       {"img", TAG_IMG},       {"table", TAG_TABLE},
-                                   {"td", TAG_TD},     {"th", TAG_TH},         {"tr", TAG_TR},
-                                   {"ul", TAG_UL},     {"ol", TAG_OL},         {"li", TAG_LI},
-                                   {"meta", TAG_META}, {"br", TAG_BR},         {"hr", TAG_HR},
-                                   {"p", TAG_P},       {"center", TAG_CENTER}, {"pre", TAG_PRE},
-                                   {"title", TAG_TITLE}, {"html", TAG_HTML}});
+// With what ends them.
+constexpr WordTable<34> TAG_WORDS({
+    {"a ", TAG_A}, {"a>", TAG_A},
+    {"img ", TAG_IMG}, {"img>", TAG_IMG},
+    {"table ", TAG_TABLE}, {"table>", TAG_TABLE},
+    {"td ", TAG_TD}, {"td>", TAG_TD},
+    {"th ", TAG_TH}, {"th>", TAG_TH},
+    {"tr ", TAG_TR}, {"tr>", TAG_TR},
+    {"ul ", TAG_UL}, {"ul>", TAG_UL},
+    {"ol ", TAG_OL}, {"ol>", TAG_OL},
+    {"li ", TAG_LI}, {"li>", TAG_LI},
+    {"meta ", TAG_META}, {"meta>", TAG_META},
+    {"br ", TAG_BR}, {"br>", TAG_BR},
+    {"hr ", TAG_HR}, {"hr>", TAG_HR},
+    {"p ", TAG_P}, {"p>", TAG_P},
+    {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
+    {"pre ", TAG_PRE}, {"pre>", TAG_PRE},
+    {"title ", TAG_TITLE}, {"title>", TAG_TITLE},
+    {"html ", TAG_HTML}, {"html>", TAG_HTML},
+});
 
 // The one word that is not made of letters.
 constexpr std::uint64_t COMMENT_WORD = '!' | '-' << 8 | '-' << 16;
-
-int nCodeOf(std::uint64_t nWord) noexcept {
-    return nWord == COMMENT_WORD ? TAG_COMMENT : TAG_WORDS.nFind(nWord, TAG_UNKNOWN);
-}
 
 } // namespace
 
@@ -55,31 +64,24 @@ int nGetWordCode(const text& tWord) noexcept {
     if (tWord.m_pStart == nullptr || n < 1 || n > LONGEST_WORD) {
         return TAG_UNKNOWN;
     }
-    return nCodeOf(nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n)));
+    const std::uint64_t nWord = nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n));
+    if (nWord == COMMENT_WORD) {
+        return TAG_COMMENT;
+    }
+    return TAG_WORDS.nFind(nWord | std::uint64_t{' '} << (8 * n), TAG_UNKNOWN);
 }
 
 TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
-    const char* p = pOpen + 1;
-    while (p < pPageEnd && *p == ' ') {
-        ++p;
+    const char* pName = pOpen + 1;
+    while (pName < pPageEnd && *pName == ' ') {
+        ++pName;
     }
-    std::uint64_t nName = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
+    std::uint64_t nName = nLoadWord(pName, static_cast<std::size_t>(pPageEnd - pName));
     const bool bClosing = (nName & 0xFF) == '/';
     nName >>= bClosing ? 8 : 0;
-    // A letter has this bit and what ends a name has not, so a word of letters ends where it is first clear.
-    // The longest known word ends within these bytes.
-    constexpr unsigned LETTER_BIT = 6;
-    const std::uint64_t nEnds = ~nName & (WORD_EACH_BYTE << LETTER_BIT);
-    if (nEnds == 0) {
-        return {p, TAG_UNKNOWN};
-    }
-    const unsigned nBits = nLowestBit(nEnds) - LETTER_BIT;
-    const std::uint64_t nEnd = nName >> nBits & 0xFF;
-    if (nEnd != ' ' && nEnd != '>') {
-        return {p, TAG_UNKNOWN};
-    }
-    const std::uint64_t nWord = nName & ((std::uint64_t{1} << nBits) - 1);
-    return {p, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + (bClosing ? TAG_END_OFFSET : 0)};
+    // The longest known word, a '/' before it and what ends it are as long as these bytes.
+    const std::uint64_t nWord = nUpToNoLetter(nName);
+    return {pName, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + (bClosing ? TAG_END_OFFSET : 0)};
 }
 
 text HtmlParser::tFindNextTagName(const char* p) const noexcept {

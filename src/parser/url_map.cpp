@@ -17,14 +17,14 @@ public:
         : m_pLink(tLink.m_pStart), m_nLast(tLink.m_pEnd - tLink.m_pStart),
           m_bHasNul(std::memchr(m_pLink, '\0', static_cast<std::size_t>(m_nLast) + 1) != nullptr) {}
 
-    bool bDiffersFrom(const char* pStart, const char* pEnd) const noexcept {
-        const std::ptrdiff_t nLast = std::min(m_nLast, pEnd - pStart);
+    bool bDiffersFrom(const char* pOther, std::ptrdiff_t nOtherLast) const noexcept {
+        const std::ptrdiff_t nLast = std::min(m_nLast, nOtherLast);
         // Links of one page begin alike and end differently. A NUL at the same place in both ends the
         // comparison, but without one in the new link there is no such place.
-        if (m_pLink[nLast] != pStart[nLast] && !m_bHasNul) {
+        if (m_pLink[nLast] != pOther[nLast] && !m_bHasNul) {
             return true;
         }
-        return std::strncmp(m_pLink, pStart, static_cast<std::size_t>(nLast) + 1) != 0;
+        return std::strncmp(m_pLink, pOther, static_cast<std::size_t>(nLast) + 1) != 0;
     }
 
 private:
@@ -45,12 +45,12 @@ void UrlMap::Reserve(std::size_t nEntries) {
 }
 
 void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
-    const Comparison link(anchor.m_urlHref);
+    const Comparison newLink(anchor.m_urlHref);
     std::uint32_t nParent = NO_NODE;
     int nSide = LEFT;
     for (std::uint32_t n = m_nRoot; n != NO_NODE; n = m_nodes[n].nChild[nSide]) {
         nParent = n;
-        nSide = link.bDiffersFrom(m_nodes[n].pLinkStart, m_nodes[n].pLinkEnd) ? LEFT : RIGHT;
+        nSide = newLink.bDiffersFrom(m_nodes[n].pLink, m_nodes[n].nLinkLast) ? LEFT : RIGHT;
     }
 
     const auto nNew = static_cast<std::uint32_t>(m_entries.size());
@@ -59,8 +59,8 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
         Reserve(std::max(FIRST_CAPACITY, 2 * m_nodes.size()));
     }
     m_entries.emplace_back(anchor, tLinkText);
-    m_nodes.push_back(
-        {anchor.m_urlHref.m_pStart, anchor.m_urlHref.m_pEnd, nParent, {NO_NODE, NO_NODE}, true});
+    const url& link = anchor.m_urlHref;
+    m_nodes.push_back({link.m_pStart, link.m_pEnd - link.m_pStart, nParent, {NO_NODE, NO_NODE}, true});
     if (nParent == NO_NODE) {
         m_nRoot = nNew;
     } else {

@@ -3,19 +3,22 @@
 
 #include <array>
 
-// What ends a piece of a tag.
+// What stands before a piece of a tag, and what ends it.
 enum ByteClass : unsigned char {
     ENDS_NAME = 1,    // white space, '=', '>', '<'
     ENDS_VALUE = 2,   // of an unquoted value: white space, '>', '<'
-    ENDS_QUOTED = 4   // of a quoted value: '"', '>'
+    ENDS_QUOTED = 4,  // of a quoted value: '"', '>'
+    BEFORE_NAME = 8,  // white space
+    BEFORE_VALUE = 16 // white space, '='
 };
 
 constexpr std::array<unsigned char, 256> MakeByteClasses() noexcept {
     std::array<unsigned char, 256> classes{};
-    for (const char c : {'\t', '\n', '\r', ' ', '<', '>'}) {
-        classes[static_cast<unsigned char>(c)] = ENDS_NAME | ENDS_VALUE;
+    for (const char c : {'\t', '\n', '\r', ' '}) {
+        classes[static_cast<unsigned char>(c)] = ENDS_NAME | ENDS_VALUE | BEFORE_NAME | BEFORE_VALUE;
     }
-    classes['='] = ENDS_NAME;
+    classes['<'] = classes['>'] = ENDS_NAME | ENDS_VALUE;
+    classes['='] = ENDS_NAME | BEFORE_VALUE;
     classes['"'] = ENDS_QUOTED;
     classes['>'] |= ENDS_QUOTED;
     return classes;

@@ -9,6 +9,7 @@
 
 constexpr std::size_t SCAN_BLOCK = 64;        // bytes that one mask describes, lowest bit first
 constexpr std::size_t SCAN_SWEEP_BLOCKS = 64; // blocks in the longest sweep
+constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that a squeezed block may overwrite in all
 
 // What one sweep over whole blocks found out about the tags in them.
 struct TagSweep {
@@ -36,8 +37,8 @@ struct ScanPrimitives {
     // where a step visits no tag of its own.
     void (*MarkTags)(const char* p, std::size_t nBlocks, bool bQuoted, TagSweep& sweep);
 
-    // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written; up
-    // to SCAN_BLOCK bytes from the last writing position on may hold garbage.
+    // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written;
+    // SQUEEZE_OVERRUN bytes from where a block's text starts may be overwritten, and hold garbage behind it.
     char* (*SqueezeMarkup)(const char* p, std::size_t nBlocks, char* pOut, SqueezeState& state);
 
     // Sets [p, pEnd) to zero.

@@ -4,11 +4,11 @@
 #define PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
 
 #include "pageslice/text.h"
+#include "scan/byte_classes.h"
 #include "scan/primitives.h"
-#include "text/string_utils.h"
 
-inline const char* pSkipWhiteSpace(const char* p, const char* pPageEnd) noexcept {
-    while (p < pPageEnd && bIsWhiteSpace(*p) != 0) {
+inline const char* pSkipClass(const char* p, const char* pPageEnd, ByteClass byteClass) noexcept {
+    while (p < pPageEnd && bIsOfClass(*p, byteClass)) {
         ++p;
     }
     return p;
@@ -33,9 +33,7 @@ int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcep
 // See tag::pGetAttributeValue.
 inline const char* pScanValue(const char* p, const char* pPageEnd, text& value) noexcept {
     constexpr char QUOTE = '"';
-    while (p < pPageEnd && (*p == '=' || bIsWhiteSpace(*p) != 0)) {
-        ++p;
-    }
+    p = pSkipClass(p, pPageEnd, BEFORE_VALUE);
     const bool bQuoted = p < pPageEnd && *p == QUOTE;
     if (bQuoted) {
         ++p;

@@ -35,7 +35,7 @@ text tag::tGetAttributeName(const char* p, const text& page) const noexcept {
     if (p == nullptr || page.m_pEnd == nullptr) {
         return text();
     }
-    const char* const pStart = pSkipWhiteSpace(p, page.m_pEnd + 1);
+    const char* const pStart = pSkipClass(p, page.m_pEnd + 1, BEFORE_NAME);
     const char* const pLast = pFindLastOfName(pStart, page.m_pEnd + 1);
     return pLast == nullptr ? text() : text(pStart, pLast, 0);
 }

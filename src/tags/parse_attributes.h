@@ -20,7 +20,7 @@ const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesV
     }
     const char* const pPageEnd = page.m_pEnd + 1;
     for (;;) {
-        const char* const pName = pSkipWhiteSpace(q, pPageEnd);
+        const char* const pName = pSkipClass(q, pPageEnd, BEFORE_NAME);
         if (pName < pPageEnd && *pName == '>') {
             return q;
         }

@@ -8,6 +8,7 @@
 
 constexpr std::size_t WORD_SIZE = 8;
 constexpr std::uint64_t WORD_EACH_BYTE = 0x0101010101010101;
+constexpr std::uint64_t WORD_LETTER_BITS = WORD_EACH_BYTE * 0x40; // set in every ASCII letter
 
 // The first n bytes at p, at most eight of them; the first in the lowest bits, zeros behind the last.
 inline std::uint64_t nLoadWord(const char* p, std::size_t n) noexcept {
@@ -28,7 +29,15 @@ constexpr std::uint64_t nFirstBytes(std::uint64_t nWord, std::size_t n) noexcept
     return nWord & ((std::uint64_t{1} << (8 * n)) - 1);
 }
 
-// Codes of N keywords made of small letters, found whatever the case of a word.
+// The bytes of a word up to and including the first that has not the letters' bit.
+constexpr std::uint64_t nUpToNoLetter(std::uint64_t nWord) noexcept {
+    const std::uint64_t nEnds = ~nWord & WORD_LETTER_BITS;
+    const std::uint64_t nFirstEnd = nEnds & (0 - nEnds);
+    return nWord & ((nFirstEnd << 2) - 1);
+}
+
+// Codes of N keywords of small letters, which may end in a character without the letters' bit. They are
+// found whatever the case of a word.
 template <std::size_t N>
 class WordTable {
 public:
@@ -43,20 +52,20 @@ public:
         }
     }
 
-    // The code of a word of up to eight bytes, padded with zeros; nUnknown when it is no keyword. Setting
-    // one bit folds capitals onto small letters, and onto a small letter it folds nothing else.
+    // The code of a word padded with zeros; nUnknown when it is no keyword.
     constexpr int nFind(std::uint64_t nWord, int nUnknown) const noexcept {
-        constexpr std::uint64_t FOLD = WORD_EACH_BYTE * 0x20;
-        const Slot& slot = m_slots[nSlotOf(nWord | FOLD)];
-        return slot.nWord == (nWord | FOLD) ? slot.nCode : nUnknown;
+        // The bit that makes a capital small. Of what it changes, only capitals become letters.
+        const std::uint64_t nFolded = nWord | (nWord & WORD_LETTER_BITS) >> 1;
+        const Slot& slot = m_slots[nSlotOf(nFolded)];
+        return slot.nWord == nFolded ? slot.nCode : nUnknown;
     }
 
 private:
     struct Slot {
-        std::uint64_t nWord = 0; // folded, so never that of a word to look up
+        std::uint64_t nWord = 0;
         int nCode = 0;
     };
-    static constexpr unsigned SLOT_BITS = 6;
+    static constexpr unsigned SLOT_BITS = N > 24 ? 8 : 6;
 
     constexpr std::size_t nSlotOf(std::uint64_t nWord) const noexcept {
         return static_cast<std::size_t>((nWord * m_nMultiplier) >> (64 - SLOT_BITS));
@@ -64,19 +73,18 @@ private:
 
     constexpr bool bFill(const Entry (&entries)[N]) noexcept {
         for (Slot& slot : m_slots) {
-            slot = Slot();
+            slot = {~std::uint64_t{0}, 0}; // no word is this
         }
         for (const Entry& entry : entries) {
-            std::uint64_t nWord = WORD_EACH_BYTE * 0x20;
+            std::uint64_t nWord = 0;
             for (std::size_t i = 0; entry.pWord[i] != '\0'; ++i) {
                 nWord |= std::uint64_t{static_cast<unsigned char>(entry.pWord[i])} << (8 * i);
             }
             Slot& slot = m_slots[nSlotOf(nWord)];
-            if (slot.nWord != 0) {
+            if (slot.nWord != ~std::uint64_t{0}) {
                 return false;
             }
-            slot.nWord = nWord;
-            slot.nCode = entry.nCode;
+            slot = {nWord, entry.nCode};
         }
         return true;
     }
