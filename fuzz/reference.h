@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -131,16 +132,6 @@ public:
         return nFindWord(TAG_WORDS, name, UNKNOWN_TAG);
     }
 
-    bool bFindTag(const char* p, int nWanted, int nStop) const {
-        int nCode = 998;
-        while (nCode != nWanted && nCode != nStop && nCode != NO_TAG) {
-            const Slice tName = tFindNextTagName(p);
-            nCode = nTagCode(tName);
-            p = tName.last + 1;
-        }
-        return nCode == nWanted;
-    }
-
     Slice tAttributeName(const char* p) const {
         while (p < end && bWhite(*p))
             ++p;
@@ -214,35 +205,25 @@ public:
             const int nCode = nTagCode(tName);
             if (nCode == NO_TAG || nCode == CLOSING + HTML)
                 break;
+            if (nCode == A || nCode == TABLE || nCode == TR)
+                p = pParse(nCode, tName.last + 1,
+                           nCode == A    ? anchor
+                           : nCode == TR ? index.row
+                                         : index.table);
+            if (nCode == TD || nCode == TH)
+                p = pParse(TD, tName.last + 1, nCode == TD ? index.cell : headerCell);
+            Slice* pPending = nCode == A                      ? &tAnchorText
+                              : nCode == TD                   ? &tCellText
+                              : nCode == TITLE                ? &tTitle
+                              : nCode == LI && tItem.bEmpty() ? &tItem
+                                                              : nullptr;
+            bInAnchor = bInAnchor || nCode == A;
+            bInTitle = bInTitle || nCode == TITLE;
             const auto captured = [&](const Slice& t) {
-                const char* pLast = pFindEndBeforeTag(tName.first, t.first);
+                const char* pLast = t.bEmpty() ? nullptr : pFindEndBeforeTag(tName.first, t.first);
                 return pLast == nullptr ? Slice{} : Slice{t.first, pLast};
             };
-            Slice* pPending = nullptr;
-            if (nCode == A) {
-                p = pParse(A, tName.first + 1, anchor);
-                pPending = &tAnchorText;
-                bInAnchor = true;
-            } else if (nCode == TABLE) {
-                p = pParse(TABLE, tName.first + 5, index.table);
-            } else if (nCode == TR) {
-                p = pParse(TR, tName.first + 2, index.row);
-            } else if (nCode == TD) {
-                p = pParse(TD, tName.first + 2, index.cell);
-                pPending = &tCellText;
-            } else if (nCode == TH) {
-                p = pParse(TD, tName.first + 2, headerCell);
-            } else if (nCode == LI && tItem.bEmpty()) {
-                pPending = &tItem;
-            } else if (nCode == LI || nCode == CLOSING + UL || nCode == CLOSING + OL ||
-                       nCode == CLOSING + LI) {
-                if (!tItem.bEmpty() && !captured(tItem).bEmpty())
-                    index.items.push_back(captured(tItem));
-                tItem = {};
-            } else if (nCode == TITLE) {
-                pPending = &tTitle;
-                bInTitle = true;
-            } else if (nCode == CLOSING + TITLE && bInTitle) {
+            if (nCode == CLOSING + TITLE && bInTitle) {
                 if (!captured(tTitle).bEmpty())
                     index.tTitle = captured(tTitle);
                 bInTitle = false;
@@ -250,18 +231,22 @@ public:
                 if (bInAnchor && anchor.given.contains(HREF) && !captured(tAnchorText).bEmpty())
                     index.links.insert({anchor.given[HREF], {anchor, captured(tAnchorText)}});
                 bInAnchor = false;
-            } else if (nCode == CLOSING + TD) {
+            } else if (nCode == CLOSING + TD || nCode == CLOSING + TR || nCode == CLOSING + TABLE) {
                 // At most half of the page, measured from the first to the last character of both.
-                const Slice t = tCellText.bEmpty() ? tCellText : captured(tCellText);
-                if (!t.bEmpty() && 2 * (t.last - t.first) <= end - 1 - first)
+                const Slice t = captured(tCellText);
+                if (nCode == CLOSING + TD && !t.bEmpty() && 2 * (t.last - t.first) <= end - 1 - first)
                     index.cells.push_back(t);
+                tCellText = {};
                 index.cell = {};
-                tCellText = {};
-            } else if (nCode == CLOSING + TR || nCode == CLOSING + TABLE) {
-                index.cell = index.row = {};
-                tCellText = {};
+                if (nCode != CLOSING + TD)
+                    index.row = {};
                 if (nCode == CLOSING + TABLE)
                     index.table = {};
+            } else if (nCode == CLOSING + UL || nCode == CLOSING + OL || nCode == CLOSING + LI ||
+                       nCode == LI) {
+                if (!captured(tItem).bEmpty())
+                    index.items.push_back(captured(tItem));
+                tItem = {};
             }
             if (p == nullptr || p >= end)
                 break;
@@ -277,10 +262,19 @@ public:
     // The sources of the page's image tags; an empty slice for an image without one.
     std::vector<Slice> ImageSources() const {
         std::vector<Slice> sources;
-        Record image;
         const char* p = first;
-        while ((p = pNextImage(p, image)) != nullptr)
-            sources.push_back(image.given[SRC]);
+        while (p != nullptr && p < end) {
+            const Slice tName = tFindNextTagName(p);
+            const int nCode = nTagCode(tName);
+            if (nCode == NO_TAG)
+                break;
+            Record image;
+            p = nCode == IMG ? pParse(IMG, tName.last + 1, image) : pFindTagEnd(p);
+            if (p != nullptr && nCode == IMG)
+                sources.push_back(image.given[SRC]);
+            else if (p != nullptr)
+                ++p;
+        }
         return sources;
     }
 
@@ -317,26 +311,9 @@ private:
     static bool bWhite(char c) { return c == '\t' || c == '\n' || c == '\r' || c == ' '; }
 
     static bool bTakesValue(int nTag, int nCode) {
-        if (nTag == IMG)
-            return nCode >= SRC && nCode <= USEMAP;
-        if (nTag != TD)
-            return true;
-        return (nCode >= ALIGN && nCode <= USEMAP && nCode != BORDER) || nCode == VALIGN ||
-               nCode == ROWSPAN || nCode == COLSPAN;
-    }
-
-    const char* pNextImage(const char* p, Record& image) const {
-        while (p < end) {
-            const Slice tName = tFindNextTagName(p);
-            const int nCode = nTagCode(tName);
-            if (nCode == IMG)
-                return pParse(IMG, tName.first + 3, image);
-            p = pFindTagEnd(p);
-            if (nCode == NO_TAG || p == nullptr)
-                return nullptr;
-            ++p;
-        }
-        return nullptr;
+        static const std::set<int> cell = {ALIGN,  HEIGHT, WIDTH,   HSPACE, VSPACE,
+                                           USEMAP, VALIGN, ROWSPAN, COLSPAN};
+        return nTag == IMG ? nCode <= USEMAP : nTag != TD || cell.contains(nCode);
     }
 
     const char* first;

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <new>
 #include <string_view>
 
@@ -13,7 +12,6 @@
 #include <windows.h>
 #else
 #include <sys/mman.h>
-#include <unistd.h>
 #endif
 
 #include "pageslice/text.h"
@@ -26,14 +24,13 @@ enum class Fence {
 class FencedPage {
 public:
     FencedPage(std::string_view characters, Fence fence) : m_nCharacters(characters.size()) {
-        const std::size_t nUnit = nMemoryPage();
-        const std::size_t nRoom = std::max<std::size_t>((m_nCharacters + nUnit - 1) / nUnit, 1) * nUnit;
-        m_nMapped = nRoom + 2 * nUnit;
+        const std::size_t nRoom = std::max<std::size_t>((m_nCharacters + UNIT - 1) / UNIT, 1) * UNIT;
+        m_nMapped = nRoom + 2 * UNIT;
         m_pMapped = pMap(m_nMapped);
-        char* pRoom = m_pMapped + nUnit;
+        char* pRoom = m_pMapped + UNIT;
         Protect(pRoom, nRoom, true);
         m_pFirst = fence == Fence::Behind ? pRoom + nRoom - m_nCharacters : pRoom;
-        std::memcpy(m_pFirst, characters.data(), m_nCharacters);
+        characters.copy(m_pFirst, m_nCharacters);
         Protect(pRoom, nRoom, false);
     }
     FencedPage(const FencedPage&) = delete;
@@ -44,12 +41,10 @@ public:
     text Slice() const { return {m_pFirst, m_pFirst + m_nCharacters - 1, 0}; }
 
 private:
+    // A multiple of the size of a memory page on every system.
+    static constexpr std::size_t UNIT = 65536;
+
 #if defined(_WIN32)
-    static std::size_t nMemoryPage() {
-        SYSTEM_INFO info;
-        GetSystemInfo(&info);
-        return info.dwPageSize;
-    }
     static char* pMap(std::size_t n) {
         void* p = VirtualAlloc(nullptr, n, MEM_RESERVE | MEM_COMMIT, PAGE_NOACCESS);
         return p != nullptr ? static_cast<char*>(p) : throw std::bad_alloc();
@@ -63,9 +58,6 @@ private:
         VirtualFree(m_pMapped, 0, MEM_RELEASE);
     }
 #else
-    static std::size_t nMemoryPage() {
-        return static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    }
     static char* pMap(std::size_t n) {
         void* p = mmap(nullptr, n, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
         return p != MAP_FAILED ? static_cast<char*>(p) : throw std::bad_alloc();

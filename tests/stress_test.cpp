@@ -1,0 +1,71 @@
+// Everything that holds for a page, on generated pages, on the stored fuzz inputs and on the samples cut off
+// at each length. PAGESLICE_STRESS in the environment sets the number of generated pages.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "fuzz/invariants.h"
+#include "fuzz/page_generator.h"
+#include "tests/fence.h"
+
+namespace {
+
+const std::filesystem::path SAMPLES(PAGESLICE_SAMPLES);
+
+// Does not go on after the first failure: the rest of a long run would only repeat it.
+void Check(const std::string& characters, const std::string& name) {
+    try {
+        WithFences(characters, [&](const text& tPage) {
+            invariants::CheckPage(tPage);
+            const std::size_t nStep = characters.size() / 16 + 1;
+            for (std::size_t i = characters.size() % nStep; i < characters.size(); i += nStep)
+                invariants::CheckPosition(tPage, tPage.m_pStart + i, tPage.m_pStart + i / 2);
+        });
+    } catch (const std::logic_error& difference) {
+        FAIL() << name << ": " << testing::PrintToString(characters) << '\n' << difference.what();
+    }
+}
+
+std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file())
+            files.push_back(entry.path());
+    }
+    return files;
+}
+
+std::string Content(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+} // namespace
+
+TEST(StressTest, GeneratedPages) {
+    const char* pCount = std::getenv("PAGESLICE_STRESS");
+    const int nPages = pCount == nullptr ? 10000 : std::atoi(pCount);
+    PageGenerator generator(1);
+    for (int i = 0; i < nPages && !HasFailure(); ++i)
+        Check(generator.Next(), "page " + std::to_string(i));
+}
+
+TEST(StressTest, StoredInputs) {
+    const auto files = FilesBelow(SAMPLES / ".." / "fuzz" / "corpus");
+    ASSERT_FALSE(files.empty());
+    for (const auto& path : files)
+        Check(Content(path), path.filename().string());
+}
+
+TEST(StressTest, SamplesAtEachLength) {
+    const auto files = FilesBelow(SAMPLES);
+    ASSERT_FALSE(files.empty());
+    for (const auto& path : files) {
+        const std::string page = Content(path);
+        for (std::size_t n = 0; n <= page.size() && !HasFailure(); ++n)
+            Check(page.substr(0, n), path.filename().string() + " cut off at " + std::to_string(n));
+    }
+}
