@@ -4,5 +4,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)
 # Debian keeps the 64-bit loader off the path when it is the only one installed.
 find_program(PAGESLICE_WINE wine64 PATHS /usr/lib/wine)
 if(PAGESLICE_WINE)
-  set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_COMMAND} -E env WINEDEBUG=-all ${PAGESLICE_WINE})
+  # A prefix of its own leaves the developer's alone.
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_COMMAND} -E env WINEDEBUG=-all WINEPREFIX=${CMAKE_BINARY_DIR}/wine
+    ${PAGESLICE_WINE})
 endif()
