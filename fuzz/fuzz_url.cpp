@@ -11,7 +11,7 @@ using invariants::Require;
 using reference::Normalized;
 
 std::string Canonical(const std::string& s) {
-    Exact copy(s);
+    std::vector<char> copy = Exact(s);
     url::NormalizeUrl(copy.data());
     return copy.data();
 }
@@ -26,22 +26,11 @@ std::string Joined(const std::string& base, const std::string& s) {
     return base.substr(0, nPath) + s.substr(nPath == 0 || nPath > base.size() ? 0 : 1);
 }
 
-// The first place where the two differ, else where the shorter one or the common head ends.
-int nCommon(const std::string& a, const std::string& b) {
-    const int nHead = std::min(url::nFindPathStart(a.c_str()), url::nFindPathStart(b.c_str()));
-    const int nEnd = std::max(nHead, static_cast<int>(std::min(a.size(), b.size())));
-    int i = 0;
-    while (i < nEnd && (i < nHead ? reference::cLower(a.c_str()[i]) == reference::cLower(b.c_str()[i])
-                                  : a.c_str()[i] == b.c_str()[i]))
-        ++i;
-    return i;
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) {
-    Lines lines(pData, n);
-    const Exact first(lines.Next()), second(lines.Next());
+    const std::vector<std::string> lines = LinesOf(pData, n, 2);
+    const std::vector<char> first = Exact(lines[0]), second = Exact(lines[1]);
     const std::string a = first.data(), b = second.data();
     const text tUrl(first.data());
 
@@ -51,9 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) 
     const std::unique_ptr<char[]> absolute(member.pMakeAbsoluteCopy(second.data()));
     Require(absolute.get() == Normalized(Joined(b, a)), "resolved");
 
-    const int nSame = nCommon(a, b);
+    const int nSame = url::nCommonPrefixLength(first.data(), second.data());
     const int nOrder = url::nCompareUrls(first.data(), second.data());
-    Require(url::nCommonPrefixLength(first.data(), second.data()) == nSame, "common beginning");
+    Require(nSame == url::nCommonPrefixLength(second.data(), first.data()), "common beginning both ways");
     Require(nOrder == -url::nCompareUrls(second.data(), first.data()), "order both ways");
     Require((nOrder == 0) == (nSame >= static_cast<int>(std::max(a.size(), b.size()))), "equal URLs");
 

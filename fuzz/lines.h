@@ -1,33 +1,28 @@
-// A fuzz input as lines.
+// A fuzz input as lines, and strings in memory of exactly their size.
 #ifndef PAGESLICE_FUZZ_LINES_H
 #define PAGESLICE_FUZZ_LINES_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
 #include <string>
 #include <vector>
 
-class Lines {
-public:
-    Lines(const std::uint8_t* pData, std::size_t n) : m_in(std::string(pData, pData + n)) {}
-    bool bMore() { return m_in.peek() != EOF; }
-    // Empty when there is none.
-    std::string Next() {
-        std::string line;
-        std::getline(m_in, line);
-        return line;
-    }
+// At least nAtLeast of them, the missing ones empty.
+inline std::vector<std::string> LinesOf(const std::uint8_t* pData, std::size_t n, std::size_t nAtLeast) {
+    std::istringstream in(std::string(pData, pData + n));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    lines.resize(std::max(lines.size(), nAtLeast));
+    return lines;
+}
 
-private:
-    std::istringstream m_in;
-};
-
-// The characters before the first NUL, and a NUL, in memory of exactly that size.
-class Exact : public std::vector<char> {
-public:
-    explicit Exact(const std::string& s)
-        : std::vector<char>(s.c_str(), s.c_str() + std::string(s.c_str()).size() + 1) {}
-};
+// The characters before the first NUL, and a NUL.
+inline std::vector<char> Exact(const std::string& s) {
+    const char* p = s.c_str();
+    return {p, p + std::string(p).size() + 1};
+}
 
 #endif

@@ -37,7 +37,7 @@ inline const Words ATTRIBUTE_WORDS = {"src",    "lowsrc", "alt",    "align",   "
 inline const Words ALIGN_WORDS = {"top", "middle", "bottom", "left", "right", "center"};
 
 constexpr int A = 1, IMG = 2, TABLE = 3, TD = 4, TH = 5, TR = 6, UL = 7, OL = 8, LI = 9, TITLE = 17;
-constexpr int HTML = 18, CLOSING = 20, UNKNOWN_TAG = 900, NO_TAG = 901;
+constexpr int HTML = 18, CLOSING = 20, UNKNOWN_TAG = 900, NO_TAG = 901, NO_NAME = 901;
 constexpr int SRC = 1, LOWSRC = 2, ALT = 3, ALIGN = 4, HEIGHT = 5, WIDTH = 6, BORDER = 7, HSPACE = 8;
 constexpr int VSPACE = 9, USEMAP = 10, ISMAP = 11, NAME = 12, HREF = 13, REL = 14, REV = 15, ADVICE = 16;
 constexpr int VALIGN = 20, NOWRAP = 21, ROWSPAN = 22, COLSPAN = 23, UNKNOWN_ATTRIBUTE = 800, TAG_END = 801;
@@ -158,7 +158,7 @@ public:
 
     static int nAttributeCode(const Slice& tName) {
         if (tName.bEmpty())
-            return NO_TAG;
+            return NO_NAME;
         return tName.View() == ">" ? TAG_END : nFindWord(ATTRIBUTE_WORDS, tName.View(), UNKNOWN_ATTRIBUTE);
     }
 
@@ -173,7 +173,7 @@ public:
         while (q != nullptr) {
             const Slice tName = tAttributeName(q);
             const int nCode = nAttributeCode(tName);
-            if (nCode == TAG_END || nCode == NO_TAG)
+            if (nCode == TAG_END || nCode == NO_NAME)
                 break;
             Slice tValue;
             if ((nTag == IMG && nCode == ISMAP) || (nTag == TD && nCode == NOWRAP))

@@ -6,14 +6,14 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <string>
 
 #include "fuzz/invariants.h"
 #include "fuzz/page_generator.h"
 #include "tests/fence.h"
 
 namespace {
-
-const std::filesystem::path SAMPLES(PAGESLICE_SAMPLES);
 
 // Does not go on after the first failure: the rest of a long run would only repeat it.
 void Check(const std::string& characters, const std::string& name) {
@@ -29,18 +29,15 @@ void Check(const std::string& characters, const std::string& name) {
     }
 }
 
-std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& folder) {
-    std::vector<std::filesystem::path> files;
+// The contents of the files below a folder, by path.
+std::map<std::string, std::string> FilesBelow(const std::string& folder) {
+    std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        std::ifstream file(entry.path(), std::ios::binary);
         if (entry.is_regular_file())
-            files.push_back(entry.path());
+            files[entry.path().string()].assign(std::istreambuf_iterator<char>(file), {});
     }
     return files;
-}
-
-std::string Content(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace
@@ -54,18 +51,17 @@ TEST(StressTest, GeneratedPages) {
 }
 
 TEST(StressTest, StoredInputs) {
-    const auto files = FilesBelow(SAMPLES / ".." / "fuzz" / "corpus");
+    const auto files = FilesBelow(PAGESLICE_SAMPLES "/../fuzz/corpus");
     ASSERT_FALSE(files.empty());
-    for (const auto& path : files)
-        Check(Content(path), path.filename().string());
+    for (const auto& [path, characters] : files)
+        Check(characters, path);
 }
 
 TEST(StressTest, SamplesAtEachLength) {
-    const auto files = FilesBelow(SAMPLES);
+    const auto files = FilesBelow(PAGESLICE_SAMPLES);
     ASSERT_FALSE(files.empty());
-    for (const auto& path : files) {
-        const std::string page = Content(path);
-        for (std::size_t n = 0; n <= page.size() && !HasFailure(); ++n)
-            Check(page.substr(0, n), path.filename().string() + " cut off at " + std::to_string(n));
+    for (const auto& [path, characters] : files) {
+        for (std::size_t n = 0; n <= characters.size() && !HasFailure(); ++n)
+            Check(characters.substr(0, n), path + " cut off at " + std::to_string(n));
     }
 }
