@@ -36,7 +36,7 @@ public:
         reference operator*() const noexcept { return m_pMap->m_entries[m_nNode]; }
         pointer operator->() const noexcept { return &**this; }
         const_iterator& operator++() noexcept {
-            m_nNode = m_pMap->nNext(m_nNode);
+            m_nNode = m_pMap->m_nodes[m_nNode].nNext;
             return *this;
         }
         const_iterator operator++(int) noexcept {
@@ -55,7 +55,7 @@ public:
         std::uint32_t m_nNode = NO_NODE;
     };
 
-    const_iterator begin() const noexcept;
+    const_iterator begin() const noexcept { return const_iterator(*this, m_nFirst); }
     const_iterator end() const noexcept { return const_iterator(*this, NO_NODE); }
     std::size_t size() const noexcept { return m_entries.size(); }
     bool empty() const noexcept { return m_entries.empty(); }
@@ -74,13 +74,14 @@ private:
     struct Node {
         const char* pLink;
         std::ptrdiff_t nLinkLast; // index of its last character
+        std::uint32_t nPrevious; // in the order of iteration
+        std::uint32_t nNext;
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
         bool bRed;
     };
 
-    std::uint32_t nNext(std::uint32_t nNode) const noexcept;
-    std::uint32_t nFirstBelow(std::uint32_t nNode) const noexcept;
+    void Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
     bool bIsRed(std::uint32_t nNode) const noexcept;
     int nSideOf(std::uint32_t nNode) const noexcept;
     void Rotate(std::uint32_t nNode, int nSide) noexcept;
@@ -89,6 +90,7 @@ private:
     std::vector<value_type> m_entries;
     std::vector<Node> m_nodes;
     std::uint32_t m_nRoot = NO_NODE;
+    std::uint32_t m_nFirst = NO_NODE; // of the iteration
 };
 
 #endif

@@ -35,10 +35,6 @@ private:
 
 } // namespace
 
-UrlMap::const_iterator UrlMap::begin() const noexcept {
-    return const_iterator(*this, m_nRoot == NO_NODE ? NO_NODE : nFirstBelow(m_nRoot));
-}
-
 void UrlMap::Reserve(std::size_t nEntries) {
     m_entries.reserve(nEntries);
     m_nodes.reserve(nEntries);
@@ -60,12 +56,9 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
     }
     m_entries.emplace_back(anchor, tLinkText);
     const url& link = anchor.m_urlHref;
-    m_nodes.push_back({link.m_pStart, link.m_pEnd - link.m_pStart, nParent, {NO_NODE, NO_NODE}, true});
-    if (nParent == NO_NODE) {
-        m_nRoot = nNew;
-    } else {
-        m_nodes[nParent].nChild[nSide] = nNew;
-    }
+    m_nodes.push_back({link.m_pStart, link.m_pEnd - link.m_pStart, NO_NODE, NO_NODE, nParent,
+                       {NO_NODE, NO_NODE}, true});
+    Attach(nNew, nParent, nSide);
     Rebalance(nNew);
 }
 
@@ -73,25 +66,30 @@ void UrlMap::Clear() noexcept {
     m_entries.clear();
     m_nodes.clear();
     m_nRoot = NO_NODE;
+    m_nFirst = NO_NODE;
 }
 
-std::uint32_t UrlMap::nNext(std::uint32_t nNode) const noexcept {
-    if (m_nodes[nNode].nChild[RIGHT] != NO_NODE) {
-        return nFirstBelow(m_nodes[nNode].nChild[RIGHT]);
+// Hangs a new leaf below its parent. In the order of iteration it stands right before the parent or right
+// behind it, and no rotation changes that.
+void UrlMap::Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept {
+    if (nParent == NO_NODE) {
+        m_nRoot = nNode;
+        m_nFirst = nNode;
+        return;
     }
-    std::uint32_t nParent = m_nodes[nNode].nParent;
-    while (nParent != NO_NODE && nNode == m_nodes[nParent].nChild[RIGHT]) {
-        nNode = nParent;
-        nParent = m_nodes[nNode].nParent;
+    m_nodes[nParent].nChild[nSide] = nNode;
+    const std::uint32_t nPrevious = nSide == LEFT ? m_nodes[nParent].nPrevious : nParent;
+    const std::uint32_t nNext = nSide == LEFT ? nParent : m_nodes[nParent].nNext;
+    m_nodes[nNode].nPrevious = nPrevious;
+    m_nodes[nNode].nNext = nNext;
+    if (nPrevious == NO_NODE) {
+        m_nFirst = nNode;
+    } else {
+        m_nodes[nPrevious].nNext = nNode;
     }
-    return nParent;
-}
-
-std::uint32_t UrlMap::nFirstBelow(std::uint32_t nNode) const noexcept {
-    while (m_nodes[nNode].nChild[LEFT] != NO_NODE) {
-        nNode = m_nodes[nNode].nChild[LEFT];
+    if (nNext != NO_NODE) {
+        m_nodes[nNext].nPrevious = nNode;
     }
-    return nNode;
 }
 
 bool UrlMap::bIsRed(std::uint32_t nNode) const noexcept {

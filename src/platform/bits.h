@@ -16,4 +16,11 @@ inline unsigned nLowestBit(std::uint64_t n) noexcept {
 #endif
 }
 
+inline unsigned nCountBits(std::uint64_t n) noexcept {
+    n -= n >> 1 & 0x5555555555555555;
+    n = (n & 0x3333333333333333) + (n >> 2 & 0x3333333333333333);
+    n = (n + (n >> 4)) & 0x0F0F0F0F0F0F0F0F;
+    return static_cast<unsigned>((n * 0x0101010101010101) >> 56);
+}
+
 #endif

@@ -17,6 +17,14 @@ unsigned nLowestBit(std::uint64_t n) noexcept {
     return static_cast<unsigned>(_tzcnt_u64(n));
 }
 
+unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
+    return nLowestBit(n);
+}
+
+unsigned nCountBits(std::uint64_t n) noexcept {
+    return static_cast<unsigned>(_mm_popcnt_u64(n));
+}
+
 // A carry-less product with all ones adds, at each bit, all bits up to it.
 std::uint64_t nParity(std::uint64_t n) noexcept {
     const __m128i product =
@@ -27,7 +35,7 @@ std::uint64_t nParity(std::uint64_t n) noexcept {
 class Block {
 public:
     explicit Block(const char* p) noexcept
-        : m_low(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
+        : m_p(p), m_low(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
           m_high(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p) + 1)) {}
 
     std::uint64_t Equal(char c) const noexcept {
@@ -44,10 +52,17 @@ public:
                      _mm256_cmpeq_epi8(m_high, _mm256_shuffle_epi8(table, m_high)));
     }
 
-    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
-        pOut = pSqueezeHalf(m_low, static_cast<std::uint32_t>(nKeep), static_cast<std::uint32_t>(nBlank), pOut);
-        return pSqueezeHalf(m_high, static_cast<std::uint32_t>(nKeep >> 32),
-                            static_cast<std::uint32_t>(nBlank >> 32), pOut);
+    // Run by run, each copied by the full width: most blocks hold one or two.
+    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
+        while (nKeep != 0) {
+            const unsigned nStart = nLowestBit(nKeep);
+            const std::uint64_t nBehind = nKeep + (std::uint64_t{1} << nStart);
+            CopyBlanked(m_p + nStart, pOut);
+            CopyBlanked(m_p + nStart + 32, pOut + 32);
+            pOut += _tzcnt_u64(nBehind) - nStart;
+            nKeep &= nBehind;
+        }
+        return pOut;
     }
 
     static void Clear(char* p) noexcept {
@@ -62,34 +77,17 @@ private:
         return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
     }
 
-    // Halves without text are common, and so are halves of nothing else.
-    static char* pSqueezeHalf(__m256i bytes, std::uint32_t nKeep, std::uint32_t nBlank, char* pOut) noexcept {
-        if (nKeep == 0) {
-            return pOut;
-        }
-        // Twice as long, because a run is copied by the full width wherever it starts.
-        char blanked[64];
-        const __m256i spaced = _mm256_blendv_epi8(bytes, _mm256_set1_epi8(' '), Spread(nBlank));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(blanked), spaced);
-        for (std::uint64_t nLeft = nKeep; nLeft != 0;) {
-            const unsigned nStart = nLowestBit(nLeft);
-            const std::uint64_t nBehind = nLeft + (std::uint64_t{1} << nStart);
-            _mm256_storeu_si256(reinterpret_cast<__m256i*>(pOut),
-                                _mm256_loadu_si256(reinterpret_cast<const __m256i*>(blanked + nStart)));
-            pOut += nLowestBit(nBehind) - nStart;
-            nLeft &= nBehind;
-        }
-        return pOut;
+    static void CopyBlanked(const char* p, char* pOut) noexcept {
+        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+        const __m256i table =
+            _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1, //
+                             ' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1);
+        const __m256i blanks = _mm256_cmpeq_epi8(bytes, _mm256_shuffle_epi8(table, bytes));
+        _mm256_storeu_si256(reinterpret_cast<__m256i*>(pOut),
+                            _mm256_blendv_epi8(bytes, _mm256_set1_epi8(' '), blanks));
     }
 
-    // One byte of ones for each bit that is set.
-    static __m256i Spread(std::uint32_t nBits) noexcept {
-        const __m256i lanes = _mm256_setr_epi64x(0, 0x0101010101010101, 0x0202020202020202, 0x0303030303030303);
-        const __m256i bits = _mm256_set1_epi64x(static_cast<long long>(0x8040201008040201));
-        const __m256i bytes = _mm256_shuffle_epi8(_mm256_set1_epi32(static_cast<int>(nBits)), lanes);
-        return _mm256_cmpeq_epi8(_mm256_and_si256(bytes, bits), bits);
-    }
-
+    const char* m_p;
     __m256i m_low;
     __m256i m_high;
 };

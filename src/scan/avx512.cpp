@@ -15,6 +15,14 @@ unsigned nLowestBit(std::uint64_t n) noexcept {
     return static_cast<unsigned>(_tzcnt_u64(n));
 }
 
+unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
+    return nLowestBit(n);
+}
+
+unsigned nCountBits(std::uint64_t n) noexcept {
+    return static_cast<unsigned>(_mm_popcnt_u64(n));
+}
+
 std::uint64_t nParity(std::uint64_t n) noexcept {
     const __m128i product =
         _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
@@ -29,12 +37,13 @@ public:
 
     // Each of the three looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
-        const __m512i table = _mm512_maskz_broadcast_i32x4(0xFFFF,
+        return FindThemselves(
             _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1));
-        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(table, m_bytes));
     }
 
-    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
+    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
+        const std::uint64_t nBlank = FindThemselves(
+            _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1));
         const __m512i blanked = _mm512_mask_blend_epi8(nBlank, m_bytes, _mm512_set1_epi8(' '));
         _mm512_storeu_si512(pOut, _mm512_maskz_compress_epi8(nKeep, blanked));
         return pOut + _mm_popcnt_u64(nKeep);
@@ -45,6 +54,11 @@ public:
     }
 
 private:
+    std::uint64_t FindThemselves(__m128i table) const noexcept {
+        const __m512i tables = _mm512_maskz_broadcast_i32x4(0xFFFF, table);
+        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(tables, m_bytes));
+    }
+
     __m512i m_bytes;
 };
 

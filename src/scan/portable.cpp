@@ -21,6 +21,10 @@ std::uint64_t nZeroBytes(std::uint64_t n) noexcept {
     return ((nTopBits >> 7) * GATHER) >> 56;
 }
 
+unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
+    return nLowestBit(n | std::uint64_t{1} << (SCAN_BLOCK - 1));
+}
+
 std::uint64_t nParity(std::uint64_t n) noexcept {
     for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
         n ^= n << nShift;
@@ -47,8 +51,8 @@ public:
 
     std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
 
-    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
-        return pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
+    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
+        return pSqueezeByRuns(m_p, nKeep, Blank() | Equal('<'), pOut);
     }
 
     static void Clear(char* p) noexcept {

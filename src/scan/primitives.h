@@ -9,7 +9,7 @@
 
 constexpr std::size_t SCAN_BLOCK = 64;        // bytes that one mask describes, lowest bit first
 constexpr std::size_t SCAN_SWEEP_BLOCKS = 64; // blocks in the longest sweep
-constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that a squeezed block may overwrite in all
+constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that squeezing a block may read and overwrite
 
 // What one sweep over whole blocks found out about the tags in them.
 struct TagSweep {
@@ -38,7 +38,7 @@ struct ScanPrimitives {
     void (*MarkTags)(const char* p, std::size_t nBlocks, bool bQuoted, TagSweep& sweep);
 
     // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written;
-    // SQUEEZE_OVERRUN bytes from where a block's text starts may be overwritten, and hold garbage behind it.
+    // of each block, SQUEEZE_OVERRUN bytes may be read, and as many from where its text starts overwritten.
     char* (*SqueezeMarkup)(const char* p, std::size_t nBlocks, char* pOut, SqueezeState& state);
 
     // Sets [p, pEnd) to zero.

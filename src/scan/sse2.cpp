@@ -14,6 +14,10 @@ PAGESLICE_TARGET_BEGIN("sse2")
 namespace scan_sse2 {
 namespace {
 
+unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
+    return nLowestBit(n | std::uint64_t{1} << (SCAN_BLOCK - 1));
+}
+
 std::uint64_t nParity(std::uint64_t n) noexcept {
     for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
         n ^= n << nShift;
@@ -41,8 +45,8 @@ public:
 
     std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
 
-    char* Squeeze(std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) const noexcept {
-        return scan_portable::pSqueezeByRuns(m_p, nKeep, nBlank, pOut);
+    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
+        return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank() | Equal('<'), pOut);
     }
 
     static void Clear(char* p) noexcept {
