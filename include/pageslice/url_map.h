@@ -74,7 +74,7 @@ private:
     struct Node {
         const char* pLink;
         std::ptrdiff_t nLinkLast; // index of its last character
-        std::uint32_t nPrevious; // in the order of iteration
+        std::uint32_t nPrevious;  // in the order of iteration
         std::uint32_t nNext;
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right

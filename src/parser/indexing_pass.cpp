@@ -70,7 +70,8 @@ public:
 
 private:
     bool bHandleTag(const TagAt& tag);
-    template <class Record> bool bParse(Record& record, const char* pAttributes) noexcept;
+    template <class Record>
+    bool bParse(Record& record, const char* pAttributes) noexcept;
     void BeginBehindStep(text& tCapture) noexcept;
     text tCaptured(const text& tCapture) const noexcept;
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;

@@ -13,26 +13,19 @@ constexpr int LONGEST_WORD = 6;
 
 // With what ends them.
 constexpr WordTable<34> TAG_WORDS({
-    {"a ", TAG_A}, {"a>", TAG_A},
-    {"img ", TAG_IMG}, {"img>", TAG_IMG},
-    {"table ", TAG_TABLE}, {"table>", TAG_TABLE},
-    {"td ", TAG_TD}, {"td>", TAG_TD},
-    {"th ", TAG_TH}, {"th>", TAG_TH},
-    {"tr ", TAG_TR}, {"tr>", TAG_TR},
-    {"ul ", TAG_UL}, {"ul>", TAG_UL},
-    {"ol ", TAG_OL}, {"ol>", TAG_OL},
-    {"li ", TAG_LI}, {"li>", TAG_LI},
-    {"meta ", TAG_META}, {"meta>", TAG_META},
-    {"br ", TAG_BR}, {"br>", TAG_BR},
-    {"hr ", TAG_HR}, {"hr>", TAG_HR},
-    {"p ", TAG_P}, {"p>", TAG_P},
-    {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
-    {"pre ", TAG_PRE}, {"pre>", TAG_PRE},
-    {"title ", TAG_TITLE}, {"title>", TAG_TITLE},
-    {"html ", TAG_HTML}, {"html>", TAG_HTML},
+    {"a ", TAG_A},         {"a>", TAG_A},         {"img ", TAG_IMG},       {"img>", TAG_IMG},
+    {"table ", TAG_TABLE}, {"table>", TAG_TABLE}, {"td ", TAG_TD},         {"td>", TAG_TD},
+    {"th ", TAG_TH},       {"th>", TAG_TH},       {"tr ", TAG_TR},         {"tr>", TAG_TR},
+    {"ul ", TAG_UL},       {"ul>", TAG_UL},       {"ol ", TAG_OL},         {"ol>", TAG_OL},
+    {"li ", TAG_LI},       {"li>", TAG_LI},       {"meta ", TAG_META},     {"meta>", TAG_META},
+    {"br ", TAG_BR},       {"br>", TAG_BR},       {"hr ", TAG_HR},         {"hr>", TAG_HR},
+    {"p ", TAG_P},         {"p>", TAG_P},         {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
+    {"pre ", TAG_PRE},     {"pre>", TAG_PRE},     {"title ", TAG_TITLE},   {"title>", TAG_TITLE},
+    {"html ", TAG_HTML},   {"html>", TAG_HTML},
 });
 
 // The one word that is not made of letters.
+constexpr int COMMENT_LENGTH = 3;
 constexpr std::uint64_t COMMENT_WORD = '!' | '-' << 8 | '-' << 16;
 
 } // namespace
@@ -65,7 +58,7 @@ int nGetWordCode(const text& tWord) noexcept {
         return TAG_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n));
-    if (nWord == COMMENT_WORD) {
+    if (n == COMMENT_LENGTH && nWord == COMMENT_WORD) {
         return TAG_COMMENT;
     }
     return TAG_WORDS.nFind(nWord | std::uint64_t{' '} << (8 * n), TAG_UNKNOWN);

@@ -56,8 +56,8 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
     }
     m_entries.emplace_back(anchor, tLinkText);
     const url& link = anchor.m_urlHref;
-    m_nodes.push_back({link.m_pStart, link.m_pEnd - link.m_pStart, NO_NODE, NO_NODE, nParent,
-                       {NO_NODE, NO_NODE}, true});
+    m_nodes.push_back(
+        {link.m_pStart, link.m_pEnd - link.m_pStart, NO_NODE, NO_NODE, nParent, {NO_NODE, NO_NODE}, true});
     Attach(nNew, nParent, nSide);
     Rebalance(nNew);
 }

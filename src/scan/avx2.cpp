@@ -127,8 +127,14 @@ private:
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx2", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
-                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = {"avx2",
+                                   MarkTags,
+                                   SqueezeMarkup,
+                                   Clear,
+                                   FindTagEnd,
+                                   FindClass<ENDS_NAME>,
+                                   FindClass<ENDS_VALUE>,
+                                   FindClass<ENDS_QUOTED>};
 
 } // namespace scan_avx2
 

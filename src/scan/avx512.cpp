@@ -33,7 +33,9 @@ class Block {
 public:
     explicit Block(const char* p) noexcept : m_bytes(_mm512_loadu_si512(p)) {}
 
-    std::uint64_t Equal(char c) const noexcept { return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_set1_epi8(c)); }
+    std::uint64_t Equal(char c) const noexcept {
+        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_set1_epi8(c));
+    }
 
     // Each of the three looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
@@ -49,9 +51,7 @@ public:
         return pOut + _mm_popcnt_u64(nKeep);
     }
 
-    static void Clear(char* p) noexcept {
-        _mm512_storeu_si512(p, _mm512_setzero_si512());
-    }
+    static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
 
 private:
     std::uint64_t FindThemselves(__m128i table) const noexcept {
@@ -97,8 +97,14 @@ private:
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx512", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
-                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = {"avx512",
+                                   MarkTags,
+                                   SqueezeMarkup,
+                                   Clear,
+                                   FindTagEnd,
+                                   FindClass<ENDS_NAME>,
+                                   FindClass<ENDS_VALUE>,
+                                   FindClass<ENDS_QUOTED>};
 
 } // namespace scan_avx512
 

@@ -55,9 +55,7 @@ public:
         return pSqueezeByRuns(m_p, nKeep, Blank() | Equal('<'), pOut);
     }
 
-    static void Clear(char* p) noexcept {
-        std::memset(p, 0, SCAN_BLOCK);
-    }
+    static void Clear(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
 
 private:
     // The first byte stands in the lowest bits, whatever the processor's byte order.
@@ -76,7 +74,10 @@ private:
 struct Piece {
     static constexpr std::size_t SIZE = 1;
     explicit Piece(const char* p) noexcept : m_c(*p) {}
-    template <ByteClass CLASS> std::uint32_t Mask() const noexcept { return bIsOfClass(m_c, CLASS) ? 1 : 0; }
+    template <ByteClass CLASS>
+    std::uint32_t Mask() const noexcept {
+        return bIsOfClass(m_c, CLASS) ? 1 : 0;
+    }
     char m_c;
 };
 
@@ -103,7 +104,13 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
     return pOut;
 }
 
-const ScanPrimitives PRIMITIVES = {"portable", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
-                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = {"portable",
+                                   MarkTags,
+                                   SqueezeMarkup,
+                                   Clear,
+                                   FindTagEnd,
+                                   FindClass<ENDS_NAME>,
+                                   FindClass<ENDS_VALUE>,
+                                   FindClass<ENDS_QUOTED>};
 
 } // namespace scan_portable

@@ -7,15 +7,15 @@
 #include <cstddef>
 #include <cstdint>
 
-constexpr std::size_t SCAN_BLOCK = 64;        // bytes that one mask describes, lowest bit first
-constexpr std::size_t SCAN_SWEEP_BLOCKS = 64; // blocks in the longest sweep
+constexpr std::size_t SCAN_BLOCK = 64;                  // bytes that one mask describes, lowest bit first
+constexpr std::size_t SCAN_SWEEP_BLOCKS = 64;           // blocks in the longest sweep
 constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that squeezing a block may read and overwrite
 
 // What one sweep over whole blocks found out about the tags in them.
 struct TagSweep {
-    std::size_t nBlocks;  // blocks described
-    std::size_t nVisits;  // entries of nOpens
-    bool bQuotedAtEnd;    // the bytes behind the last block begin inside quotes
+    std::size_t nBlocks;                      // blocks described
+    std::size_t nVisits;                      // entries of nOpens
+    bool bQuotedAtEnd;                        // the bytes behind the last block begin inside quotes
     std::uint64_t nCloses[SCAN_SWEEP_BLOCKS]; // per block: the '>' outside quotes
     // Offsets of the '<' visited, ascending. At most one for every two bytes: each visit but the first
     // follows a '>'. Room for a few more, because they are written in groups.
@@ -25,8 +25,8 @@ struct TagSweep {
 // Where a conversion to plain text stands between two blocks.
 struct SqueezeState {
     bool bInTag = false;
-    bool bQuoted = false;    // inside quotes, inside a tag
-    bool bSeparated = true;  // the last thing written was a separator, or nothing was
+    bool bQuoted = false;   // inside quotes, inside a tag
+    bool bSeparated = true; // the last thing written was a separator, or nothing was
 };
 
 struct ScanPrimitives {

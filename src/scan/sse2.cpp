@@ -66,8 +66,7 @@ class Piece {
 public:
     static constexpr std::size_t SIZE = 16;
 
-    explicit Piece(const char* p) noexcept
-        : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))) {}
+    explicit Piece(const char* p) noexcept : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))) {}
 
     template <ByteClass CLASS>
     std::uint32_t Mask() const noexcept {
@@ -94,8 +93,14 @@ private:
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"sse2", MarkTags, SqueezeMarkup, Clear, FindTagEnd,
-                                   FindClass<ENDS_NAME>, FindClass<ENDS_VALUE>, FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = {"sse2",
+                                   MarkTags,
+                                   SqueezeMarkup,
+                                   Clear,
+                                   FindTagEnd,
+                                   FindClass<ENDS_NAME>,
+                                   FindClass<ENDS_VALUE>,
+                                   FindClass<ENDS_QUOTED>};
 
 } // namespace scan_sse2
 

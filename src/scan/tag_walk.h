@@ -43,15 +43,15 @@ private:
     void DropSweep() noexcept;
     std::size_t nLeft() const noexcept { return static_cast<std::size_t>(m_pPageEnd - m_pFrom); }
 
-    const char* m_pPageEnd;             // one past the last character
-    const char* m_pFrom;                // the step, and what is left of the search for its end, starts here
-    bool m_bQuoted = false;             // and inside quotes
-    const char* m_pOpen = nullptr;      // the '<' last visited
-    const char* m_pEnd = nullptr;       // the end of the current step, where it is known
-    const char* m_pSingleUntil;         // single steps are taken before this
-    const char* m_pSwept = nullptr;     // start of the sweep whose visits are handed out
+    const char* m_pPageEnd;         // one past the last character
+    const char* m_pFrom;            // the step, and what is left of the search for its end, starts here
+    bool m_bQuoted = false;         // and inside quotes
+    const char* m_pOpen = nullptr;  // the '<' last visited
+    const char* m_pEnd = nullptr;   // the end of the current step, where it is known
+    const char* m_pSingleUntil;     // single steps are taken before this
+    const char* m_pSwept = nullptr; // start of the sweep whose visits are handed out
     std::size_t m_nNextVisit = 0;
-    std::size_t m_nSweepBlocks;         // length of the next sweep
+    std::size_t m_nSweepBlocks; // length of the next sweep
     TagSweep m_sweep;
 };
 

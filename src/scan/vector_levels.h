@@ -14,7 +14,7 @@
 
 #define PAGESLICE_PRAGMA(x) _Pragma(#x)
 #if defined(__clang__)
-#define PAGESLICE_TARGET_BEGIN(levels) \
+#define PAGESLICE_TARGET_BEGIN(levels)                                                                       \
     PAGESLICE_PRAGMA(clang attribute push(__attribute__((target(levels))), apply_to = function))
 #define PAGESLICE_TARGET_END _Pragma("clang attribute pop")
 #else

@@ -9,13 +9,17 @@ namespace {
 
 constexpr int LONGEST_WORD = 7;
 
-constexpr WordTable<20> ATTRIBUTE_WORDS(
-    {{"src", ATTR_SRC},         {"lowsrc", ATTR_LOWSRC},   {"alt", ATTR_ALT},       {"align", ATTR_ALIGN},
-     {"height", ATTR_HEIGHT},   {"width", ATTR_WIDTH},     {"border", ATTR_BORDER}, {"hspace", ATTR_HSPACE},
-     {"vspace", ATTR_VSPACE},   {"usemap", ATTR_USEMAP},   {"ismap", ATTR_ISMAP},   {"name", ATTR_NAME},
-     {"href", ATTR_HREF},       {"rel", ATTR_REL},         {"rev", ATTR_REV},       {"title", ATTR_TITLE},
-     {"valign", ATTR_VALIGN},   {"nowrap", ATTR_NOWRAP},   {"rowspan", ATTR_ROWSPAN},
-     {"colspan", ATTR_COLSPAN}});
+// Closed by a mark, so that NULs behind a word do not pass for the zeros behind a shorter one.
+constexpr std::uint64_t WORD_MARK = 1;
+
+constexpr WordTable<20>
+    ATTRIBUTE_WORDS({{"src\1", ATTR_SRC},         {"lowsrc\1", ATTR_LOWSRC},  {"alt\1", ATTR_ALT},
+                     {"align\1", ATTR_ALIGN},     {"height\1", ATTR_HEIGHT},  {"width\1", ATTR_WIDTH},
+                     {"border\1", ATTR_BORDER},   {"hspace\1", ATTR_HSPACE},  {"vspace\1", ATTR_VSPACE},
+                     {"usemap\1", ATTR_USEMAP},   {"ismap\1", ATTR_ISMAP},    {"name\1", ATTR_NAME},
+                     {"href\1", ATTR_HREF},       {"rel\1", ATTR_REL},        {"rev\1", ATTR_REV},
+                     {"title\1", ATTR_TITLE},     {"valign\1", ATTR_VALIGN},  {"nowrap\1", ATTR_NOWRAP},
+                     {"rowspan\1", ATTR_ROWSPAN}, {"colspan\1", ATTR_COLSPAN}});
 
 } // namespace
 
@@ -28,7 +32,8 @@ int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcep
         return ATTR_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
-    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)), ATTR_UNKNOWN);
+    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)) | WORD_MARK << (8 * n),
+                                 ATTR_UNKNOWN);
 }
 
 text tag::tGetAttributeName(const char* p, const text& page) const noexcept {

@@ -122,18 +122,12 @@ struct Tables {
 // A mark that the legend does not know, or one too few, ends up at the throw and so stops the build.
 constexpr unsigned char kindOf(char mark) {
     switch (mark) {
-    case 'A':
-        return CT_UPPER;
-    case 'a':
-        return CT_LOWER;
-    case '*':
-        return CT_LOWER | CT_UPPER;
-    case '.':
-        return CT_PUNCT;
-    case 'c':
-        return CT_CONTROL;
-    case '-':
-        return 0;
+    case 'A': return CT_UPPER;
+    case 'a': return CT_LOWER;
+    case '*': return CT_LOWER | CT_UPPER;
+    case '.': return CT_PUNCT;
+    case 'c': return CT_CONTROL;
+    case '-': return 0;
     }
     throw "no such mark";
 }

@@ -12,7 +12,9 @@ constexpr std::uint64_t WORD_LETTER_BITS = WORD_EACH_BYTE * 0x40; // set in ever
 
 // The first n bytes at p, at most eight of them; the first in the lowest bits, zeros behind the last.
 inline std::uint64_t nLoadWord(const char* p, std::size_t n) noexcept {
-    const auto nByte = [p](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i); };
+    const auto nByte = [p](std::size_t i) {
+        return std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i);
+    };
     if (n >= WORD_SIZE) {
         // Written so that compilers make one load of it.
         return nByte(0) | nByte(1) | nByte(2) | nByte(3) | nByte(4) | nByte(5) | nByte(6) | nByte(7);
