@@ -4,33 +4,26 @@
 #include "parser/tag_scanner.h"
 #include "scan/tag_bounds.h"
 
-namespace {
-
-constexpr int IMG_LENGTH = 3;
-
-// The first characters tell nearly every tag to be no image tag.
-bool bMayBeImageTag(const char* pOpen, const char* pPageEnd) noexcept {
-    constexpr int SHORTEST_TAG = 5; // <img>
-    if (pPageEnd - pOpen < SHORTEST_TAG) {
-        return false;
-    }
-    return (pOpen[1] | 0x20) == 'i' || pOpen[1] == ' ';
-}
-
-} // namespace
-
 const char* ImageWalk::pNext(tag_img& record) noexcept {
+    constexpr int IMG_LENGTH = 3;
+    if (m_pFrom == nullptr || m_page.m_pEnd == nullptr) {
+        return nullptr;
+    }
     const char* const pPageEnd = m_page.m_pEnd + 1;
-    while (const char* const pOpen = m_walk.pNext()) {
-        if (!bMayBeImageTag(pOpen, pPageEnd)) {
-            continue;
+    while (m_pFrom < pPageEnd) {
+        const char* const pOpen = Scan().FindVisit(m_pFrom, pPageEnd, 'i', m_state);
+        if (pOpen == nullptr) {
+            return nullptr;
         }
         const TagAt tag = GetTagAt(pOpen, pPageEnd);
         if (tag.nCode == TAG_IMG) {
             const char* const pStopped = record.pParse(tag.pName + IMG_LENGTH, m_page);
-            m_walk.ContinueBehind(pFindTagEnd(pStopped, m_page));
+            const char* const pEnd = pFindTagEnd(pStopped, m_page);
+            m_pFrom = pEnd == nullptr ? nullptr : pEnd + 1;
+            m_state = VisitState();
             return pStopped;
         }
+        m_pFrom = pOpen + 1;
     }
     return nullptr;
 }

@@ -43,6 +43,17 @@ public:
         return nMask(_mm256_cmpeq_epi8(m_low, pattern), _mm256_cmpeq_epi8(m_high, pattern));
     }
 
+    // Without the bit that tells small letters from capitals, a space is 0.
+    std::uint64_t MayBegin(char cInitial) const noexcept {
+        const __m256i capital = _mm256_set1_epi8(static_cast<char>(cInitial - 0x20));
+        const __m256i mask = _mm256_set1_epi8(static_cast<char>(0xDF));
+        const __m256i low = _mm256_and_si256(m_low, mask);
+        const __m256i high = _mm256_and_si256(m_high, mask);
+        const __m256i zero = _mm256_setzero_si256();
+        return nMask(_mm256_or_si256(_mm256_cmpeq_epi8(low, capital), _mm256_cmpeq_epi8(low, zero)),
+                     _mm256_or_si256(_mm256_cmpeq_epi8(high, capital), _mm256_cmpeq_epi8(high, zero)));
+    }
+
     // Each of the three looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
         const __m256i table =
@@ -129,6 +140,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = {"avx2",
                                    MarkTags,
+                                   FindVisit,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

@@ -37,6 +37,13 @@ public:
         return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_set1_epi8(c));
     }
 
+    // Without the bit that tells small letters from capitals, a space is 0.
+    std::uint64_t MayBegin(char cInitial) const noexcept {
+        const __m512i folded = _mm512_and_si512(m_bytes, _mm512_set1_epi8(static_cast<char>(0xDF)));
+        return _mm512_cmpeq_epi8_mask(folded, _mm512_set1_epi8(static_cast<char>(cInitial - 0x20))) |
+               _mm512_testn_epi8_mask(folded, folded);
+    }
+
     // Each of the three looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
         return FindThemselves(
@@ -99,6 +106,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = {"avx512",
                                    MarkTags,
+                                   FindVisit,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

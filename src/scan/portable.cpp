@@ -49,6 +49,10 @@ public:
         return nMask;
     }
 
+    std::uint64_t MayBegin(char cInitial) const noexcept {
+        return Equal(cInitial) | Equal(static_cast<char>(cInitial - 0x20)) | Equal(' ');
+    }
+
     std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
 
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
@@ -106,6 +110,7 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
 
 const ScanPrimitives PRIMITIVES = {"portable",
                                    MarkTags,
+                                   FindVisit,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

@@ -22,6 +22,12 @@ struct TagSweep {
     std::uint16_t nOpens[SCAN_SWEEP_BLOCKS * SCAN_BLOCK / 2 + 8];
 };
 
+// Where a search for tags of one kind stands.
+struct VisitState {
+    bool bQuoted = false; // the next byte lies inside quotes
+    bool bWaiting = true; // a step has started and not visited its '<' yet
+};
+
 // Where a conversion to plain text stands between two blocks.
 struct SqueezeState {
     bool bInTag = false;
@@ -36,6 +42,11 @@ struct ScanPrimitives {
     // bQuoted: the start lies inside quotes. Stops early at a block with a '>' in the text before a tag,
     // where a step visits no tag of its own.
     void (*MarkTags)(const char* p, std::size_t nBlocks, bool bQuoted, TagSweep& sweep);
+
+    // Searches [p, pEnd) for the first '<' that the walk visits, of those alone that the letter cInitial, in
+    // either case, or a space follows. Gives it, with the state behind it; or null. How often a '<' is visited
+    // does not matter here.
+    const char* (*FindVisit)(const char* p, const char* pEnd, char cInitial, VisitState& state);
 
     // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written;
     // of each block, SQUEEZE_OVERRUN bytes may be read, and as many from where its text starts overwritten.

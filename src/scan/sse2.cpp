@@ -43,6 +43,10 @@ public:
         return nMask;
     }
 
+    std::uint64_t MayBegin(char cInitial) const noexcept {
+        return Equal(cInitial) | Equal(static_cast<char>(cInitial - 0x20)) | Equal(' ');
+    }
+
     std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
 
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
@@ -95,6 +99,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = {"sse2",
                                    MarkTags,
+                                   FindVisit,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,
