@@ -44,8 +44,8 @@ struct ScanPrimitives {
     void (*MarkTags)(const char* p, std::size_t nBlocks, bool bQuoted, TagSweep& sweep);
 
     // Searches [p, pEnd) for the first '<' that the walk visits, of those alone that the letter cInitial, in
-    // either case, or a space follows. Gives it, with the state behind it; or null. How often a '<' is visited
-    // does not matter here.
+    // either case, or a space follows. Gives it, with the state behind it; or null. How often a '<' is
+    // visited does not matter here.
     const char* (*FindVisit)(const char* p, const char* pEnd, char cInitial, VisitState& state);
 
     // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written;
