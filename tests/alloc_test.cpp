@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "page_fixture.h"
+#include "pageslice/page.h"
 #include "text/string_utils.h"
 
 namespace {
@@ -97,7 +98,11 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
                                                 [&] { list = UrlList(list); },
                                                 [] { UrlList empty(9); },
                                                 [] { url::tGetDomainName(text(ADDRESS)); },
-                                                [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); }};
+                                                [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); },
+                                                [] { pageslice::page(pageslice::to_view(FULL), ADDRESS); },
+                                                [] { pageslice::normalize(ADDRESS); },
+                                                [] { pageslice::resolve(ADDRESS, ADDRESS); },
+                                                [] { pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
     for (const auto& operation : operations)
         ExpectNoLeaks([&](const Fails& fails) { fails(operation, true); });
     delete[] pNumber;

@@ -1,0 +1,135 @@
+// The modern face, and through it the C interface below: once with the static library, once as a host sees
+// it.
+#include "pageslice/page.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <numeric>
+#include <ranges>
+#include <sstream>
+#include <vector>
+
+#include "pageslice/html_parser.h"
+
+namespace {
+
+using pageslice::page;
+
+static_assert(std::ranges::random_access_range<pageslice::link_range> &&
+              std::ranges::sized_range<pageslice::image_range>);
+static_assert(!std::is_copy_constructible_v<page> && std::is_nothrow_move_constructible_v<page>);
+
+constexpr std::string_view HTML =
+    "<title>T</title><a href=/a.html name=N rel=R rev=V title=I><b>A</b></a><a href=b.html>B</a>"
+    "<table><tr><td>1</td><td>2</td></tr></table><ul><li>x</li><li>y</li></ul><img alt=none>"
+    "<img src=s.gif lowsrc=l.gif alt=A usemap=#m width=1 height=2 border=3 hspace=4 vspace=5 align=right "
+    "ismap>";
+
+std::string joined(const auto& views) {
+    std::ostringstream out;
+    for (const std::string_view view : views)
+        out << (view.data() == nullptr ? "-" : view) << ' ';
+    return out.str();
+}
+
+TEST(Face, EveryFieldComesFromItsPlace) {
+    const page p(HTML, "http://Host/dir/");
+    EXPECT_EQ(p.title(), "T");
+    EXPECT_EQ(p.url(), "http://Host/dir/");
+    std::vector<std::string_view> fields;
+    for (const pageslice::link& l : p.links())
+        fields.insert(fields.end(), {l.href, l.text, l.name, l.rel, l.rev, l.title});
+    EXPECT_EQ(joined(fields), "b.html B - - - - /a.html <b>A</b> N R V I ");
+    std::ostringstream images;
+    for (const pageslice::image& i : p.images())
+        images << joined(std::vector{i.src, i.lowsrc, i.alt, i.usemap}) << i.width << ' ' << i.height << ' '
+               << i.border << ' ' << i.hspace << ' ' << i.vspace << ' ' << i.alignment << ' ' << i.is_map
+               << '\n';
+    EXPECT_EQ(images.str(), "- - none - -1 -1 -1 -1 -1 0 0\ns.gif l.gif A #m 1 2 3 4 5 5 1\n");
+    EXPECT_EQ(joined(p.cells()) + joined(p.list_items()) + joined(p.link_urls()) + joined(p.image_urls()),
+              "1 2 x y b.html /a.html s.gif ");
+    EXPECT_EQ(p.plain_text(), "T A B 1 2 x y ");
+    EXPECT_EQ(p.absolute("../x.html") + " " + p.absolute(p.links()[1].href),
+              "http://host/x.html http://host/a.html");
+}
+
+// What the exported classes give for the same page.
+struct Opened : HtmlParser {
+    explicit Opened(std::string_view html) : HtmlParser(pageslice::to_text(html), nullptr) {
+        UrlList *images = nullptr, *links = nullptr;
+        GetUrlLists(&images, &links);
+        for (UrlList* list : {images, links}) {
+            while (const char* entry = list->pGetNext())
+                (urls += entry) += ' ';
+            delete list;
+        }
+        char* plain = nullptr;
+        bConvertHtmlToPlainText(&plain);
+        text = std::unique_ptr<char[]>(plain).get();
+        views = joined(std::vector{pageslice::to_view(m_tTitle)});
+        for (const auto* slices : {&m_vCellTexts, &m_vListItems})
+            views += joined(*slices | std::views::transform(pageslice::to_view));
+    }
+    std::string urls, text, views;
+};
+
+TEST(Face, AgreesWithTheClassesOnEverySample) {
+    int samples = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(PAGESLICE_SAMPLES)) {
+        std::ifstream in(entry.path(), std::ios::binary);
+        const std::string html((std::istreambuf_iterator<char>(in)), {});
+        const Opened expected(html);
+        const page p(html);
+        SCOPED_TRACE(entry.path().string());
+        std::string urls = joined(p.image_urls()) + joined(p.link_urls());
+        if (const std::size_t nul = urls.find('\0'); nul != std::string::npos)
+            urls.replace(nul, std::string::npos, " "); // ends a packed list, but no range
+        EXPECT_EQ(urls, expected.urls);
+        EXPECT_EQ(p.plain_text().c_str(), expected.text);
+        EXPECT_EQ(joined(std::vector{p.title()}) + joined(p.cells()) + joined(p.list_items()),
+                  expected.views);
+        for (const pageslice::link& l : p.links())
+            EXPECT_TRUE(html.data() <= l.text.data() && l.text.end() <= std::string_view(html).end());
+        ++samples;
+    }
+    EXPECT_GT(samples, 3);
+}
+
+TEST(Face, RangesServeAlgorithms) {
+    const page p("<li>1</li><li>2</li><li>3</li><li>4</li>");
+    const auto items = p.list_items();
+    EXPECT_EQ(std::find(items.begin(), items.end(), "3") - items.begin(), 2);
+    EXPECT_EQ(joined(items | std::views::reverse), "4 3 2 1 ");
+    EXPECT_EQ(*std::ranges::lower_bound(items, "2"), "2");
+    auto i = items.begin();
+    EXPECT_EQ((i++)->size() + (i--)->size(), 2U);
+    EXPECT_TRUE(i == items.begin() && i[3] == "4" && *(1 + i) == "2" && i + 4 == items.end() &&
+                i < items.end());
+}
+
+TEST(Face, NothingGivesNothing) {
+    page full(HTML);
+    const page taken(std::move(full));
+    EXPECT_EQ(taken.links().size(), 2U);
+    const page empty{std::string_view()}, unclosed("<");
+    for (const page* p : {&std::as_const(full), &empty, &unclosed})
+        EXPECT_TRUE(p->title().data() == nullptr && p->url().data() == nullptr && p->links().empty() &&
+                    p->images().empty() && p->cells().empty() && p->plain_text().empty());
+}
+
+TEST(Face, ViewsAndSlices) {
+    EXPECT_EQ(pageslice::to_view(text()).data(), nullptr);
+    EXPECT_NE(pageslice::to_view(text("")).data(), nullptr);
+    EXPECT_EQ(pageslice::to_text("").IsEmpty(), 1);
+    EXPECT_EQ(pageslice::to_view(pageslice::to_text("abc")), "abc");
+    EXPECT_EQ(pageslice::normalize(" HTTP://H/a/.././b c"), "http://h/b");
+    EXPECT_EQ(pageslice::resolve("http://h", "/x"), "http://h/x"); // as long as both together
+    EXPECT_EQ(pageslice::resolve({}, {}), "");
+}
+
+} // namespace
