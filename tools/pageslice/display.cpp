@@ -21,9 +21,8 @@ constexpr std::array<char16_t, 32> WESTERN = {0x20AC, 0xFFFD, 0x201A, 0x0192, 0x
                                               0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
 
 // Tags that stand inside words.
-constexpr std::array<std::string_view, 20> INLINE_TAGS = {
-    "a", "abbr", "b", "bdi",  "big",    "cite", "code", "del", "em", "font",
-    "i", "ins",  "s", "span", "strong", "sub",  "sup",  "tt",  "u",  "wbr"};
+constexpr std::string_view INLINE_TAGS =
+    " a abbr b bdi big cite code del em font i ins s small span strong sub sup tt u wbr ";
 
 bool isSpace(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
@@ -48,11 +47,11 @@ bool isInlineTag(std::string_view tag) {
     if (!tag.empty() && tag.front() == '/') {
         tag.remove_prefix(1);
     }
-    std::string word;
+    std::string word(1, ' ');
     for (const char c : tag.substr(0, tag.find_first_of("> \t\r\n/"))) {
         word += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     }
-    return std::find(INLINE_TAGS.begin(), INLINE_TAGS.end(), word) != INLINE_TAGS.end();
+    return INLINE_TAGS.find(word + ' ') != std::string_view::npos;
 }
 
 // The tag that opens `bytes`, from '<' to '>'; empty where no '>' closes it.

@@ -5,16 +5,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <iostream>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-#include <windows.h>
-#else
+#ifndef _WIN32
 #include <unistd.h>
 #endif
 
@@ -36,18 +33,15 @@ using File = std::unique_ptr<std::FILE, Closer>;
     throw std::runtime_error(std::generic_category().message(code));
 }
 
-// Growing by doubling, the old and the new buffer together stay within this too.
+// Systems that hand out more memory than there is must not be taken at their word. Growing by doubling, the
+// old and the new buffer together stay within this too.
 std::uintmax_t memoryForOnePage() {
 #ifdef _WIN32
-    MEMORYSTATUSEX status = {};
-    status.dwLength = sizeof(status);
-    return GlobalMemoryStatusEx(&status) != 0 ? status.ullTotalPhys / 2 : SIZE_MAX / 2;
+    return SIZE_MAX / 2;
 #else
     const long pages = sysconf(_SC_PHYS_PAGES);
-    const long pageSize = sysconf(_SC_PAGESIZE);
-    return pages > 0 && pageSize > 0
-               ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(pageSize) / 2
-               : SIZE_MAX / 2;
+    return pages > 0 ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(getpagesize()) / 2
+                     : SIZE_MAX / 2;
 #endif
 }
 
@@ -97,14 +91,6 @@ std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
 
 } // namespace
 
-void useBinaryStandardStreams() {
-#ifdef _WIN32
-    _setmode(_fileno(stdin), _O_BINARY);
-    _setmode(_fileno(stdout), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
-#endif
-}
-
 std::string readAll(const std::string& name) {
     try {
         const File file = name == "-" ? File(stdin) : open(name);
@@ -116,6 +102,22 @@ std::string readAll(const std::string& name) {
     } catch (const std::bad_alloc&) {
         throw std::runtime_error("Too large to hold in memory");
     }
+}
+
+bool readLine(std::string& line, std::size_t limit) {
+    using Traits = std::char_traits<char>;
+    line.clear();
+    std::streambuf& buffer = *std::cin.rdbuf();
+    Traits::int_type c = buffer.sbumpc();
+    if (c == Traits::eof()) {
+        return false;
+    }
+    for (; c != '\n' && c != Traits::eof(); c = buffer.sbumpc()) {
+        if (line.size() < limit) {
+            line += Traits::to_char_type(c);
+        }
+    }
+    return true;
 }
 
 } // namespace pageslice

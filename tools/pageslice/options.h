@@ -2,6 +2,7 @@
 #ifndef PAGESLICE_TOOLS_OPTIONS_H
 #define PAGESLICE_TOOLS_OPTIONS_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,9 +26,18 @@ enum Section : unsigned {
 struct Options {
     std::vector<std::string> files; // "-" is standard input
     std::string base;               // URLs are made absolute against it; empty: they stay as written
-    unsigned sections = SECTIONS_BY_DEFAULT;
+    unsigned sections = 0;
+    bool json = false;
+    bool stream = false;
+    std::size_t jobs = 1;
+    std::string annotated; // where the annotated page goes; empty: nowhere
+
+    // Where the report goes; the command line has no say in it.
+    bool toTerminal = false; // then no byte of a page may reach it that could act on it
+    bool colours = false;
 
     bool shows(Section section) const { return (sections & section) != 0; }
+    bool isSingle() const { return (sections & (sections - 1)) == 0; }
 };
 
 // Fills `options`. A value is the exit code to leave with at once: help and version went to standard

@@ -15,7 +15,7 @@ using Slice = std::string_view;
 struct Link {
     Slice href;
     Slice text;      // with the markup inside it
-    std::string url; // absolute; empty without a base
+    std::string url; // absolute; empty where the page's is not known
 };
 
 struct Image {
@@ -29,7 +29,8 @@ struct Image {
 // Every slice points into `bytes`, which the caller keeps alive. Links, images, items and cells stand in
 // the order of the page.
 struct Page {
-    std::string name;
+    std::string file; // as the user names it; empty for a page that comes from no file
+    std::string url;  // the page's own; empty where nobody knows it
     std::string_view bytes;
     Slice title;
     std::vector<Link> links;
@@ -45,7 +46,8 @@ struct Page {
     std::size_t offsetOf(Slice slice) const { return static_cast<std::size_t>(slice.data() - bytes.data()); }
 };
 
-Page readPage(std::string name, std::string_view bytes, const std::string& base, bool withText);
+// With the page's own URL, links and images become absolute too.
+Page readPage(std::string file, std::string url, std::string_view bytes, bool withText);
 
 } // namespace pageslice
 
