@@ -1,4 +1,6 @@
 #include <cstring>
+#include <functional>
+#include <map>
 #include <sstream>
 #include <vector>
 
@@ -104,18 +106,16 @@ TEST(StringUtils, Answer) {
     RunCases("host levels", [](const text& t) { return std::to_string(nNumHostLevels(String(t).c_str())); });
     EXPECT_STREQ(pSkipScheme("a://b://c"), "b://c");
     EXPECT_TRUE(nCountWords("") == 0 && nCountWords("one two3four") == 3);
-}
-
-TEST(StringUtils, EditInPlace) {
     RunCases("edits", [](const text& t) {
         const auto parts = Parts(t);
         std::string buffer = parts[0] + '\0';
-        switch (char* const s = buffer.data(); parts[1][0]) {
-        case 'R': RemoveLastChar(s); break;
-        case 'X': SetLastChar(s, GetLastChar("x")); break;
-        case 'T': TruncateAt(s, static_cast<unsigned>(std::stoi(parts[1].substr(1)))); break;
-        default: ReplaceChar(s, 'a', parts[1] == "A" ? 'b' : '\0');
-        }
+        const std::map<char, std::function<void(char*)>> edits = {
+            {'R', RemoveLastChar},
+            {'X', [](char* s) { SetLastChar(s, GetLastChar("x")); }},
+            {'T', [&](char* s) { TruncateAt(s, static_cast<unsigned>(std::stoul(parts[1].substr(1)))); }},
+            {'A', [](char* s) { ReplaceChar(s, 'a', 'b'); }},
+            {'Z', [](char* s) { ReplaceChar(s, 'a', '\0'); }}};
+        edits.at(parts[1][0])(buffer.data());
         return buffer;
     });
 }
