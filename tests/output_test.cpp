@@ -18,7 +18,7 @@ std::string Console(const std::function<void()>& print) {
 // A sink over a buffer between bytes that must not change, and that would be counted or trimmed if read.
 struct GuardedSink : OutputText {
     explicit GuardedSink(std::size_t nSize) : m_bytes(MARGIN + std::string(nSize, '#') + MARGIN) {
-        SetBuffer(&m_bytes[MARGIN.size()], &m_bytes[MARGIN.size() + nSize - 1]);
+        static_cast<OutputText&>(*this) = {&m_bytes[MARGIN.size()], &m_bytes[MARGIN.size() + nSize - 1]};
     }
     ~GuardedSink() { EXPECT_TRUE(m_bytes.starts_with(MARGIN) && m_bytes.ends_with(MARGIN)); }
 

@@ -108,15 +108,17 @@ TEST(StringUtils, Answer) {
     EXPECT_TRUE(nCountWords("") == 0 && nCountWords("one two3four") == 3);
     RunCases("edits", [](const text& t) {
         const auto parts = Parts(t);
-        std::string buffer = parts[0] + '\0';
+        std::string buffer = "ab" + parts[0] + "\0ab"s;
         const std::map<char, std::function<void(char*)>> edits = {
             {'R', RemoveLastChar},
             {'X', [](char* s) { SetLastChar(s, GetLastChar("x")); }},
             {'T', [&](char* s) { TruncateAt(s, static_cast<unsigned>(std::stoul(parts[1].substr(1)))); }},
             {'A', [](char* s) { ReplaceChar(s, 'a', 'b'); }},
+            {'N', [](char* s) { ReplaceChar(s, '\0', 'a'); }},
             {'Z', [](char* s) { ReplaceChar(s, 'a', '\0'); }}};
-        edits.at(parts[1][0])(buffer.data());
-        return buffer;
+        edits.at(parts[1][0])(&buffer[2]);
+        EXPECT_TRUE(buffer.starts_with("ab") && buffer.ends_with("ab"));
+        return buffer.substr(2, buffer.size() - 4);
     });
 }
 
