@@ -11,12 +11,18 @@
 
 #include "fuzz/invariants.h"
 #include "fuzz/page_generator.h"
+#include "scan/primitives.h"
 #include "tests/fence.h"
 
 namespace {
 
-// Does not go on after the first failure: the rest of a long run would only repeat it.
-void Check(const std::string& characters, const std::string& name) {
+const char* const SCANS[] = {"portable", "sse2", "avx2", "avx512"};
+
+// With one of the scan implementations, or with the current one where build or processor lack it. Does not
+// go on after the first failure: the rest of a long run would only repeat it.
+void CheckWith(const char* pScan, const std::string& characters, const std::string& name) {
+    if (const ScanPrimitives* pPrimitives = pFindScan(pScan))
+        UseScan(*pPrimitives);
     try {
         WithFences(characters, [&](const text& tPage) {
             invariants::CheckPage(tPage);
@@ -25,8 +31,14 @@ void Check(const std::string& characters, const std::string& name) {
                 invariants::CheckPosition(tPage, tPage.m_pStart + i, tPage.m_pStart + i / 2);
         });
     } catch (const std::logic_error& difference) {
-        FAIL() << name << ": " << testing::PrintToString(characters) << '\n' << difference.what();
+        FAIL() << pScan << ", " << name << ": " << testing::PrintToString(characters) << '\n'
+               << difference.what();
     }
+}
+
+void Check(const std::string& characters, const std::string& name) {
+    for (const char* pScan : SCANS)
+        CheckWith(pScan, characters, name);
 }
 
 // The contents of the files below a folder, by path.
@@ -44,7 +56,7 @@ std::map<std::string, std::string> FilesBelow(const std::string& folder) {
 
 TEST(StressTest, GeneratedPages) {
     const char* pCount = std::getenv("PAGESLICE_STRESS");
-    const int nPages = pCount == nullptr ? 10000 : std::atoi(pCount);
+    const int nPages = pCount == nullptr ? 2500 : std::atoi(pCount);
     PageGenerator generator(1);
     for (int i = 0; i < nPages && !HasFailure(); ++i)
         Check(generator.Next(), "page " + std::to_string(i));
@@ -62,6 +74,7 @@ TEST(StressTest, SamplesAtEachLength) {
     ASSERT_FALSE(files.empty());
     for (const auto& [path, characters] : files) {
         for (std::size_t n = 0; n <= characters.size() && !HasFailure(); ++n)
-            Check(characters.substr(0, n), path + " cut off at " + std::to_string(n));
+            CheckWith(SCANS[n % std::size(SCANS)], characters.substr(0, n),
+                      path + " cut off at " + std::to_string(n));
     }
 }
