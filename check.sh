@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install coverage"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -83,6 +83,10 @@ run_stage() {
       build_and_run_tests coverage
       gcovr --root . --object-directory build/coverage --filter src/ --filter include/ --exclude-throw-branches \
         --exclude-unreachable-branches --print-summary --txt build/coverage/coverage.txt
+      ;;
+    bench)
+      tools/need build valgrind
+      bench/check.sh
       ;;
     *)
       echo "check.sh: no stage '$1'; there are: $stages" >&2

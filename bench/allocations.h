@@ -15,6 +15,10 @@ struct Allocations {
 void ResetAllocations() noexcept;
 Allocations TakeAllocations() noexcept;
 
+// Has the process keep the memory that it releases. Else the C library gives large blocks back to the system,
+// and the time to get them anew, page by page, would drown what is measured.
+void KeepReleasedMemory() noexcept;
+
 } // namespace bench
 
 #endif

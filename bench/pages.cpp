@@ -56,12 +56,4 @@ std::vector<Page> LoadPages(const std::vector<std::string>& paths) {
     return pages;
 }
 
-std::size_t TotalBytes(const std::vector<Page>& pages) noexcept {
-    std::size_t n = 0;
-    for (const Page& page : pages) {
-        n += page.Size();
-    }
-    return n;
-}
-
 } // namespace bench

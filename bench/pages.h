@@ -34,8 +34,6 @@ private:
 // cannot be read.
 std::vector<Page> LoadPages(const std::vector<std::string>& paths);
 
-std::size_t TotalBytes(const std::vector<Page>& pages) noexcept;
-
 } // namespace bench
 
 #endif

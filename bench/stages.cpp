@@ -3,6 +3,8 @@
 #include <cstring>
 #include <memory>
 
+#include "peers.h"
+
 namespace bench {
 
 namespace {
@@ -93,23 +95,20 @@ void RunMemchr(const Page& page, HtmlParser& /*indexed*/, Found* found) {
 }
 
 constexpr Stage STAGES[] = {
-    {"job", RunJob},     {"pass", RunPass},     {"lists", RunLists},   {"text", RunText},
-    {"title", RunTitle}, {"memcpy", RunMemcpy}, {"memchr", RunMemchr},
+    {"job", RunJob},         {"pass", RunPass},     {"lists", RunLists},   {"text", RunText},
+    {"title", RunTitle},     {"memcpy", RunMemcpy}, {"memchr", RunMemchr},
+#if defined(PAGESLICE_WITH_LIBXML2)
+    {"libxml2", RunLibxml2},
+#endif
+#if defined(PAGESLICE_WITH_GUMBO)
+    {"gumbo", RunGumbo},
+#endif
 };
 
 } // namespace
 
 std::span<const Stage> Stages() noexcept {
     return STAGES;
-}
-
-const Stage* FindStage(std::string_view name) noexcept {
-    for (const Stage& stage : Stages()) {
-        if (stage.name == name) {
-            return &stage;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace bench

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <span>
-#include <string_view>
 
 #include "pages.h"
 #include "pageslice/html_parser.h"
@@ -28,9 +27,6 @@ struct Stage {
 };
 
 std::span<const Stage> Stages() noexcept;
-
-// Null for a name that no stage has.
-const Stage* FindStage(std::string_view name) noexcept;
 
 } // namespace bench
 

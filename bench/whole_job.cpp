@@ -4,24 +4,16 @@
 // allocated and what was found. Under callgrind with --instr-atstart=no exactly the rounds are counted.
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cstdio>
-#include <deque>
+#include <ctime>
 #include <exception>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
-#if __has_include(<valgrind/callgrind.h>)
-#include <valgrind/callgrind.h>
-#else
-#define CALLGRIND_START_INSTRUMENTATION static_cast<void>(0)
-#define CALLGRIND_STOP_INSTRUMENTATION static_cast<void>(0)
-#endif
-
-#include "allocations.h"
-#include "pages.h"
-#include "stages.h"
+#include "callgrind.h"
+#include "page_set.h"
 
 namespace {
 
@@ -33,89 +25,48 @@ struct Options {
     std::vector<std::string> paths;
 };
 
+int ReadNumber(const std::string& s) {
+    int n = 0;
+    if (std::from_chars(s.data(), s.data() + s.size(), n).ec != std::errc() || n < 1) {
+        throw std::runtime_error("not a number of rounds: " + s);
+    }
+    return n;
+}
+
 Options ReadOptions(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        if (word.rfind("--", 0) != 0) {
+        if (!word.starts_with("--")) {
             options.paths.push_back(word);
-            continue;
-        }
-        const std::string value = i + 1 < argc ? argv[++i] : "";
-        if (word == "--stage") {
-            options.stage = value;
-        } else if (word != "--rounds" ||
-                   std::from_chars(value.data(), value.data() + value.size(), options.rounds).ec !=
-                       std::errc() ||
-                   options.rounds < 1) {
-            throw std::runtime_error("cannot use " + word + " " + value);
+        } else if (word == "--stage" && i + 1 < argc) {
+            options.stage = argv[++i];
+        } else if (word == "--rounds" && i + 1 < argc) {
+            options.rounds = ReadNumber(argv[++i]);
+        } else {
+            throw std::runtime_error("cannot use " + word);
         }
     }
     return options;
 }
 
 const Stage& StageNamed(const std::string& name) {
-    if (const Stage* const stage = FindStage(name)) {
-        return *stage;
-    }
     std::string names;
     for (const Stage& stage : Stages()) {
+        if (stage.name == name) {
+            return stage;
+        }
         names += std::string(" ") + stage.name;
     }
     throw std::runtime_error("no stage " + name + "; there are:" + names);
 }
 
-class Run {
-public:
-    Run(const Stage& stage, const std::vector<Page>& pages) : m_stage(stage), m_pages(pages) {
-        for (const Page& page : pages) {
-            m_indexed.emplace_back(page.Slice(), PAGE_URL).InitializeHtmlFile();
-        }
-    }
-
-    void Round() {
-        for (std::size_t i = 0; i < m_pages.size(); ++i) {
-            m_stage.run(m_pages[i], m_indexed[i], nullptr);
-        }
-    }
-
-    double SecondsOfRound() {
-        using Clock = std::chrono::steady_clock;
-        const Clock::time_point begin = Clock::now();
-        Round();
-        return std::chrono::duration<double>(Clock::now() - begin).count();
-    }
-
-    void PrintFound() {
-        Found found;
-        for (std::size_t i = 0; i < m_pages.size(); ++i) {
-            m_stage.run(m_pages[i], m_indexed[i], &found);
-        }
-        std::printf("found        %zu links, %zu images, %zu bytes of text, %zu of titles\n", found.links,
-                    found.images, found.textBytes, found.titleBytes);
-    }
-
-    void PrintAllocations() {
-        Allocations most;
-        Allocations sum;
-        for (std::size_t i = 0; i < m_pages.size(); ++i) {
-            ResetAllocations();
-            m_stage.run(m_pages[i], m_indexed[i], nullptr);
-            const Allocations page = TakeAllocations();
-            most = {std::max(most.count, page.count), std::max(most.peakBytes, page.peakBytes)};
-            sum = {sum.count + page.count, sum.peakBytes + page.peakBytes};
-        }
-        const auto pages = static_cast<double>(m_pages.size());
-        std::printf("allocations  per page: mean %.2f, max %zu; peak bytes: mean %.0f, max %zu\n",
-                    static_cast<double>(sum.count) / pages, most.count,
-                    static_cast<double>(sum.peakBytes) / pages, most.peakBytes);
-    }
-
-private:
-    const Stage& m_stage;
-    const std::vector<Page>& m_pages;
-    std::deque<HtmlParser> m_indexed;
-};
+// Processor time: other programs that run beside this one do not count.
+double SecondsOfRound(PageSet& pages, const Stage& stage) {
+    const std::clock_t begin = std::clock();
+    pages.Round(stage);
+    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+}
 
 void PrintSpeed(std::vector<double> seconds, std::size_t bytes) {
     std::sort(seconds.begin(), seconds.end());
@@ -127,25 +78,28 @@ void PrintSpeed(std::vector<double> seconds, std::size_t bytes) {
 
 void Main(const Options& options) {
     const Stage& stage = StageNamed(options.stage);
-    const std::vector<Page> pages = LoadPages(options.paths);
-    Run run(stage, pages);
-    run.PrintFound();
-    run.PrintAllocations();
+    PageSet pages(LoadPages(options.paths));
+    std::printf("stage        %s: %zu bytes in %zu pages\n", stage.name, pages.Bytes(), pages.Count());
+    const Found found = pages.Find(stage);
+    std::printf("found        %zu links, %zu images, %zu bytes of text, %zu of titles\n", found.links,
+                found.images, found.textBytes, found.titleBytes);
+    const AllocationsPerPage taken = pages.Allocate(stage);
+    std::printf("allocations  per page: mean %.2f, max %zu; peak bytes: mean %.0f, max %zu\n",
+                taken.meanCount, taken.most.count, taken.meanPeakBytes, taken.most.peakBytes);
 
     std::vector<double> seconds;
     CALLGRIND_START_INSTRUMENTATION;
     for (int i = 0; i < options.rounds; ++i) {
-        seconds.push_back(run.SecondsOfRound());
+        seconds.push_back(SecondsOfRound(pages, stage));
     }
     CALLGRIND_STOP_INSTRUMENTATION;
-    const std::size_t bytes = TotalBytes(pages);
-    std::printf("stage        %s: %zu bytes in %zu pages\n", stage.name, bytes, pages.size());
-    PrintSpeed(std::move(seconds), bytes);
+    PrintSpeed(std::move(seconds), pages.Bytes());
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    KeepReleasedMemory();
     try {
         Main(ReadOptions(argc, argv));
     } catch (const std::exception& e) {

@@ -1,0 +1,44 @@
+#include "page_set.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace bench {
+
+PageSet::PageSet(std::vector<Page> pages) : m_pages(std::move(pages)) {
+    for (const Page& page : m_pages) {
+        m_bytes += page.Size();
+        m_indexed.emplace_back(page.Slice(), PAGE_URL).InitializeHtmlFile();
+    }
+}
+
+void PageSet::Round(const Stage& stage) {
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        stage.run(m_pages[i], m_indexed[i], nullptr);
+    }
+}
+
+Found PageSet::Find(const Stage& stage) {
+    Found found;
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        stage.run(m_pages[i], m_indexed[i], &found);
+    }
+    return found;
+}
+
+AllocationsPerPage PageSet::Allocate(const Stage& stage) {
+    AllocationsPerPage result;
+    const auto pages = static_cast<double>(m_pages.size());
+    for (std::size_t i = 0; i < m_pages.size(); ++i) {
+        ResetAllocations();
+        stage.run(m_pages[i], m_indexed[i], nullptr);
+        const Allocations page = TakeAllocations();
+        result.meanCount += static_cast<double>(page.count) / pages;
+        result.meanPeakBytes += static_cast<double>(page.peakBytes) / pages;
+        result.most.count = std::max(result.most.count, page.count);
+        result.most.peakBytes = std::max(result.most.peakBytes, page.peakBytes);
+    }
+    return result;
+}
+
+} // namespace bench
