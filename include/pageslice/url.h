@@ -11,6 +11,8 @@ using CString = std::string;
 
 // A URL as it stands in the page: a slice with nothing added, and the home of the URL routines.
 //
+// Urls compare as slices do: equal when they have the same length and the same characters, case counting.
+//
 // A url owns no characters. Slices that its operations return point into the characters passed in and
 // carry the flag 0. No operation keeps state; none reports errors: where there is nothing to find, the
 // result is empty. Null pointers count as empty URLs.
@@ -24,10 +26,6 @@ public:
     url& operator=(const url&) noexcept = default;
     // Takes the slice's start, end and flag.
     url& operator=(text t) noexcept;
-
-    using text::operator==;
-    // Same length and same characters; case counts.
-    int operator==(const url& other) const noexcept;
 
     // The host of a URL, without its port split off: what stands between the seventh character and the
     // next '/' or NUL. The first seven characters are taken to be "http://" and not examined; the slice's
@@ -58,12 +56,13 @@ public:
     static int nFindPathStart(const char* pUrl) noexcept;
     // 1 for URLs of the form scheme://...
     static int bHasServerPart(const char* pUrl) noexcept;
-    // Canonical form, in place: outer white space off, scheme and host in lower case, runs of '/' and the
-    // segments '.' and '..' folded. Linear time.
+    // Canonical form, in place: leading white space off, the rest cut at the next one, scheme and host in
+    // lower case, and in the path runs of '/' and the segments '.' and '..' folded. A segment right behind
+    // the path's first '/', or at the very end, stays. Linear time.
     static void NormalizeUrl(char* pUrl) noexcept;
     // `pUrl` made absolute against `pBase`, in canonical form: a new string, released with delete[]. A
     // root-relative URL against a base without '/' behind its host is joined with one '/'; against a base
-    // without a scheme it stands alone. Throws std::bad_alloc.
+    // that is all path (nFindPathStart gives 0) it stands alone. Throws std::bad_alloc.
     static char* pResolveUrl(const char* pBase, const char* pUrl);
     // pResolveUrl of the url's own characters; null for an empty url.
     char* pMakeAbsoluteCopy(const char* pBase) const;

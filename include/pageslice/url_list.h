@@ -1,8 +1,6 @@
 #ifndef PAGESLICE_URL_LIST_H
 #define PAGESLICE_URL_LIST_H
 
-#include <cstddef>
-
 #include "pageslice/export.h"
 #include "pageslice/text.h"
 
@@ -51,9 +49,9 @@ public:
 
 private:
     void Initialize(int nSize);
-    int bAddCharacters(const char* p, std::size_t nCharacters, std::size_t nPadded) noexcept;
 
-protected:
+public:
+    // To be read; what changes them is the list's business.
     char* m_pBuffer;
     char* m_pLast;
     char* m_pCursor;

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -63,7 +64,8 @@ public:
     // Makes room for as many entries in all, so that arrays need not grow on the way there. Throws
     // std::bad_alloc.
     void Reserve(std::size_t nEntries);
-    // Adds an entry. Throws std::bad_alloc, and then the map is as it was.
+    // Adds an entry; the anchor's link URL holds at least one character. Throws std::bad_alloc, and then the
+    // map is as it was.
     void Insert(const tag_a& anchor, const text& tLinkText);
     void Clear() noexcept;
 

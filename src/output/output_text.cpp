@@ -48,7 +48,7 @@ int OutputText::bPutLineEnd(char c) noexcept {
     if (bIsConsole() != 0 || !bIsFull()) {
         return bPutChar(c);
     }
-    if (GetSize() <= 1) {
+    if (m_pBufStart == nullptr || m_pBufEnd == nullptr || GetSize() <= 1) {
         return 0;
     }
     m_pBufEnd[-1] = c;
@@ -63,19 +63,6 @@ int OutputText::bPutString(const char* s) noexcept {
     return bPut;
 }
 
-void OutputText::PutCharacters(const char* p, std::size_t n) noexcept {
-    if (bIsConsole() != 0) {
-        std::for_each(p, p + n, [this](char c) { bPutChar(c); });
-        return;
-    }
-    if (bIsFull() || n == 0) {
-        return;
-    }
-    const std::size_t nFits = std::min(n, static_cast<std::size_t>(m_pBufEnd - m_pCurrent));
-    std::memcpy(m_pCurrent, p, nFits);
-    m_pCurrent += nFits;
-}
-
 int OutputText::bPutWords(const char* word, int count) noexcept {
     int bPut = 1;
     for (int i = 0; i < count; ++i) {
@@ -88,7 +75,8 @@ int OutputText::bPutWords(const char* word, int count) noexcept {
 }
 
 int OutputText::bPadToWords(int n) noexcept {
-    bPutWords("padword", n - nNumWords());
+    const int nMissing = std::max(n, 0) - nNumWords();
+    bPutWords("padword", nMissing);
     return bPutChar(' ');
 }
 

@@ -1,8 +1,6 @@
 #ifndef PAGESLICE_OUTPUT_OUTPUT_TEXT_H
 #define PAGESLICE_OUTPUT_OUTPUT_TEXT_H
 
-#include <cstddef>
-
 // The sink that slices are printed into: a buffer of the caller's, or the console.
 //
 //      m_pBufStart      m_pCurrent             m_pBufEnd
@@ -38,8 +36,6 @@ public:
     int bPutLineEnd(char c) noexcept;
     // Puts every character, also after one was dropped; gives the last result, 1 for an empty string.
     int bPutString(const char* s) noexcept;
-    // Puts n characters, dropping what does not fit.
-    void PutCharacters(const char* p, std::size_t n) noexcept;
     // `count` times a space and the word; the result of the last repetition, 1 for none.
     int bPutWords(const char* word, int count) noexcept;
     // Adds words until the content has n of them, then one space.

@@ -11,7 +11,9 @@ int text::print(OutputText& out, int bNewLine) const {
         out.bPutLineEnd('\n');
         return out.GetLength();
     }
-    out.PutCharacters(m_pStart, static_cast<std::size_t>(m_pEnd - m_pStart) + 1);
+    for (const char* p = m_pStart; p <= m_pEnd; ++p) {
+        out.bPutChar(*p);
+    }
     if (bNewLine != 0) {
         out.bPutLineEnd('\n');
     }

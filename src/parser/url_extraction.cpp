@@ -30,13 +30,13 @@ public:
         }
     }
 
-    int nListSize() const noexcept {
+    int nBytesNeeded() const noexcept {
         std::size_t n = 0;
         for (const text& source : m_sources) {
             // An image without a source counts two bytes, which stay unused.
             n += static_cast<std::size_t>(source.GetLength()) + 1;
         }
-        return ::nListSize(n, m_page);
+        return nListSize(n, m_page);
     }
 
     void Fill(UrlList& list) const noexcept {
@@ -60,7 +60,7 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
     }
     // One walk over the page serves both the size and the entries.
     const ImageSources sources(m_tPage);
-    auto pImages = std::make_unique<UrlList>(sources.nListSize());
+    auto pImages = std::make_unique<UrlList>(sources.nBytesNeeded());
     sources.Fill(*pImages);
     pImages->pMoveFirst();
     auto pLinks = std::make_unique<UrlList>(nFindLengthOfLinkUrls());
@@ -75,7 +75,7 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
 }
 
 int HtmlParser::nFindLengthOfImageUrls() const {
-    return ImageSources(m_tPage).nListSize();
+    return ImageSources(m_tPage).nBytesNeeded();
 }
 
 void HtmlParser::FillImageUrls(UrlList* pList) const {

@@ -6,7 +6,7 @@
 
 #include <immintrin.h>
 
-PAGESLICE_TARGET_BEGIN("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,lzcnt,popcnt,pclmul")
+PAGESLICE_TARGET_BEGIN("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,popcnt,pclmul")
 
 namespace scan_avx512 {
 namespace {
@@ -69,36 +69,7 @@ private:
     __m512i m_bytes;
 };
 
-class Piece {
-public:
-    static constexpr std::size_t SIZE = 32;
-
-    explicit Piece(const char* p) noexcept
-        : m_bytes(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))) {}
-
-    template <ByteClass CLASS>
-    std::uint32_t Mask() const noexcept {
-        __m256i ends;
-        if (CLASS == ENDS_QUOTED) {
-            ends = _mm256_or_si256(Equal('>'), Equal('"'));
-        } else {
-            // As in Block::Blank: whatever ends a value looks itself up by its lower half.
-            const __m256i table =
-                _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1, //
-                                 ' ', -1, -1, -1, -1, -1, -1, -1, -1, '\t', '\n', -1, '<', '\r', '>', -1);
-            ends = _mm256_cmpeq_epi8(m_bytes, _mm256_shuffle_epi8(table, m_bytes));
-        }
-        if (CLASS == ENDS_NAME) {
-            ends = _mm256_or_si256(ends, Equal('='));
-        }
-        return static_cast<std::uint32_t>(_mm256_movemask_epi8(ends));
-    }
-
-private:
-    __m256i Equal(char c) const noexcept { return _mm256_cmpeq_epi8(m_bytes, _mm256_set1_epi8(c)); }
-
-    __m256i m_bytes;
-};
+#include "scan/piece_avx2.inc"
 
 #include "scan/kernels.inc"
 

@@ -56,7 +56,7 @@ inline const char* pSkipTagWord(const char* p, const text& page) noexcept {
 // Sets record.m_tTag to the tag around p, from its '<' to where the scan stopped (q), and gives q. Null,
 // and a cleared m_tTag, when q is null or no '<' stands before p above the page's first character.
 inline const char* pSetTag(tag& record, const char* p, const char* q, const text& page) noexcept {
-    const char* const pBefore = pFindEndBeforeTag(p, page.m_pStart);
+    const char* const pBefore = pFindEndBeforeTag(std::min(p, page.m_pEnd), page.m_pStart);
     if (q == nullptr || pBefore == nullptr) {
         record.m_tTag.Clear();
         return nullptr;

@@ -21,6 +21,8 @@ bool bIsNumberSpace(char c) noexcept {
 } // namespace
 
 int nStrNICmp(const char* a, const char* b, unsigned n) noexcept {
+    a = a == nullptr ? "" : a;
+    b = b == nullptr ? "" : b;
     for (unsigned i = 0; i < n; ++i) {
         const auto x = static_cast<unsigned char>(nFoldAscii(a[i]));
         const auto y = static_cast<unsigned char>(nFoldAscii(b[i]));
@@ -32,7 +34,7 @@ int nStrNICmp(const char* a, const char* b, unsigned n) noexcept {
 }
 
 int nStrNCmp(const char* a, const char* b, unsigned n) noexcept {
-    return std::strncmp(a, b, n);
+    return std::strncmp(a == nullptr ? "" : a, b == nullptr ? "" : b, n);
 }
 
 int bIsSeparator(char c) noexcept {
@@ -130,6 +132,9 @@ int bAppendWords(char* s, int nLimit, const char* word, int count) noexcept {
 }
 
 int bSplitWords(char* dst, const char* src, const char* prefix) {
+    if (dst == nullptr) {
+        return 1;
+    }
     std::unique_ptr<char[]> pCopy;
     const std::size_t nSource = nLengthOf(src);
     if (dst == src && src != nullptr) {
@@ -148,9 +153,7 @@ int bSplitWords(char* dst, const char* src, const char* prefix) {
         *dst++ = bSeparator ? ' ' : src[i];
         bAfterSeparator = bSeparator;
     }
-    if (dst != nullptr) {
-        *dst = '\0';
-    }
+    *dst = '\0';
     return 1;
 }
 

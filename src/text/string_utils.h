@@ -1,5 +1,5 @@
-// Small routines on NUL-terminated strings and single characters. None keeps state. Characters are
-// compared as signed values; a null string counts as the empty one.
+// Small routines on NUL-terminated strings and single characters. None keeps state. A null string counts as
+// the empty one, and nothing is written through it.
 #ifndef PAGESLICE_TEXT_STRING_UTILS_H
 #define PAGESLICE_TEXT_STRING_UTILS_H
 
@@ -14,7 +14,8 @@ inline char nFoldAscii(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// Compares at most n characters without regard to the case of ASCII letters; stops at a NUL. 0 when equal.
+// Compares at most n characters, as unsigned bytes and without regard to the case of ASCII letters; stops at
+// a NUL. 0 when equal.
 int nStrNICmp(const char* a, const char* b, unsigned n) noexcept;
 // The same, case counting, bytes as unsigned characters.
 int nStrNCmp(const char* a, const char* b, unsigned n) noexcept;
@@ -26,7 +27,7 @@ inline int bIsWhiteSpace(char c) noexcept {
 // 1 for '.', '/' and white space.
 int bIsSeparator(char c) noexcept;
 
-// Runs of ASCII letters; nFirst to nFirst + n - 1 in the second form.
+// Runs of ASCII letters.
 int nCountWords(const char* s) noexcept;
 
 // Editing in place. SetLastChar and RemoveLastChar leave the empty string alone, GetLastChar gives NUL for

@@ -54,7 +54,8 @@ public:
         }
     }
 
-    // The code of a word padded with zeros; nUnknown when it is no keyword.
+    // The code of a word padded with zeros; nUnknown when it is no keyword. Zeros at the word's own end look
+    // like padding: a caller whose words may have them closes words and keywords by a mark.
     constexpr int nFind(std::uint64_t nWord, int nUnknown) const noexcept {
         // The bit that makes a capital small. Of what it changes, only capitals become letters.
         const std::uint64_t nFolded = nWord | (nWord & WORD_LETTER_BITS) >> 1;

@@ -52,10 +52,6 @@ url& url::operator=(text t) noexcept {
     return *this;
 }
 
-int url::operator==(const url& other) const noexcept {
-    return text::operator==(static_cast<const text&>(other));
-}
-
 text url::tGetHostName(const char* pUrl) noexcept {
     return tGetHostName(text(pUrl));
 }

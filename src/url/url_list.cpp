@@ -6,6 +6,24 @@
 #include "scan/primitives.h"
 #include "url/bounded_length.h"
 
+namespace {
+
+// Adds an entry of nPadded bytes, the last nPadded - nCharacters of them zero, and its NUL.
+int bAddEntry(UrlList& list, const char* p, std::size_t nCharacters, std::size_t nPadded) noexcept {
+    // Behind the last byte there is no room for the empty entry either. Room is measured rather than added
+    // up, because the cursor plus a hostile length may lie behind the address space.
+    if (list.m_pBuffer == nullptr || list.m_pCursor > list.m_pLast ||
+        nPadded > static_cast<std::size_t>(list.m_pLast - list.m_pCursor)) {
+        return 0;
+    }
+    std::memmove(list.m_pCursor, p, nCharacters); // an entry of this very list may overlap the cursor
+    std::memset(list.m_pCursor + nCharacters, 0, nPadded - nCharacters + 1);
+    list.m_pCursor += nPadded + 1;
+    return 1;
+}
+
+} // namespace
+
 UrlList::UrlList(int nSize) : m_pBuffer(nullptr), m_pLast(nullptr), m_pCursor(nullptr) {
     Initialize(nSize);
 }
@@ -49,7 +67,7 @@ int UrlList::bAddUrl(const char* pUrl) noexcept {
         return 1;
     }
     const std::size_t n = std::strlen(pUrl);
-    return bAddCharacters(pUrl, n, n);
+    return bAddEntry(*this, pUrl, n, n);
 }
 
 int UrlList::bAddUrl(const text& tUrl) noexcept {
@@ -57,7 +75,7 @@ int UrlList::bAddUrl(const text& tUrl) noexcept {
         return 1;
     }
     const auto n = static_cast<std::size_t>(tUrl.m_pEnd + 1 - tUrl.m_pStart);
-    return bAddCharacters(tUrl.m_pStart, nBoundedLength(tUrl.m_pStart, n), n);
+    return bAddEntry(*this, tUrl.m_pStart, nBoundedLength(tUrl.m_pStart, n), n);
 }
 
 const char* UrlList::pMoveFirst() noexcept {
@@ -74,26 +92,13 @@ const char* UrlList::pGetNext() noexcept {
     return *p == '\0' ? nullptr : p;
 }
 
-// For a list without a buffer.
+// Sets the fields and releases nothing: there is no buffer before.
 void UrlList::Initialize(int nSize) {
+    m_pBuffer = m_pLast = m_pCursor = nullptr;
     if (nSize <= 0) {
         return;
     }
     m_pBuffer = m_pCursor = new char[static_cast<std::size_t>(nSize)];
     m_pLast = m_pBuffer + (nSize - 1);
     Scan().Clear(m_pBuffer, m_pLast + 1);
-}
-
-// Adds an entry of nPadded bytes, the last nPadded - nCharacters of them zero, and its NUL.
-int UrlList::bAddCharacters(const char* p, std::size_t nCharacters, std::size_t nPadded) noexcept {
-    // Behind the last byte there is no room for the empty entry either. Room is measured rather than added
-    // up, because the cursor plus a hostile length may lie behind the address space.
-    if (m_pBuffer == nullptr || m_pCursor > m_pLast ||
-        nPadded > static_cast<std::size_t>(m_pLast - m_pCursor)) {
-        return 0;
-    }
-    std::memmove(m_pCursor, p, nCharacters); // an entry of this very list may overlap the cursor
-    std::memset(m_pCursor + nCharacters, 0, nPadded - nCharacters + 1);
-    m_pCursor += nPadded + 1;
-    return 1;
 }
