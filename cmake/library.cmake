@@ -6,6 +6,16 @@ set(floors platform text scan url output tags parser c_api)
 list(TRANSFORM floors REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
 file(GLOB sources CONFIGURE_DEPENDS ${patterns})
 
+if(PAGESLICE_SINGLE_FILE)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  file(GLOB headers CONFIGURE_DEPENDS include/pageslice/*.h src/*/*.h src/*/*.inc)
+  set(single ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.cpp)
+  add_custom_command(OUTPUT ${single} ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.h
+    COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/amalgamate ${PROJECT_BINARY_DIR}/single
+    DEPENDS ${sources} ${headers} ${PROJECT_SOURCE_DIR}/tools/amalgamate VERBATIM)
+  set(sources ${single})
+endif()
+
 # Code for one instruction set (src/scan/avx2.cpp) compiles to nothing where the processor family lacks it, and switches
 # the set on by pragma. Flags for such a file, should one need them, belong here; they also change the inline functions
 # that it shares with other files, which then may run where the set is missing.

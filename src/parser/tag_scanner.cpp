@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int LONGEST_WORD = 6;
+constexpr int LONGEST_TAG_WORD = 6;
 
 // With what ends them.
 constexpr WordTable<34> TAG_WORDS({
@@ -54,7 +54,7 @@ int nGetTagCode(const text& tName) noexcept {
 
 int nGetWordCode(const text& tWord) noexcept {
     const int n = tWord.GetLength();
-    if (tWord.m_pStart == nullptr || n < 1 || n > LONGEST_WORD) {
+    if (tWord.m_pStart == nullptr || n < 1 || n > LONGEST_TAG_WORD) {
         return TAG_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n));

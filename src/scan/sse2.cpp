@@ -1,13 +1,12 @@
 // 16 bytes at a time: every 64-bit x86 processor has this level, and nearly every 32-bit one.
+#include "platform/bits.h"
 #include "scan/byte_classes.h"
+#include "scan/portable.h"
 #include "scan/vector_levels.h"
 
 #if defined(PAGESLICE_HAS_SSE2)
 
 #include <emmintrin.h>
-
-#include "platform/bits.h"
-#include "scan/portable.h"
 
 PAGESLICE_TARGET_BEGIN("sse2")
 

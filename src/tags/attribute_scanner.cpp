@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int LONGEST_WORD = 7;
+constexpr int LONGEST_NAME = 7;
 
 // Closed by a mark, so that NULs behind a word do not pass for the zeros behind a shorter one.
 constexpr std::uint64_t WORD_MARK = 1;
@@ -28,7 +28,7 @@ int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcep
     if (n == 1 && *p == '>') {
         return ATTR_TAG_END;
     }
-    if (n < 1 || n > LONGEST_WORD) {
+    if (n < 1 || n > LONGEST_NAME) {
         return ATTR_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));

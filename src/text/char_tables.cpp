@@ -1,4 +1,4 @@
-#include "char_tables.h"
+#include "text/char_tables.h"
 
 #include <array>
 #include <cstddef>
