@@ -185,6 +185,11 @@ inline Transcript ReferenceAnswers(const text& tPage) {
     return out << 1;
 }
 
+// What a fresh parser finds on the page.
+inline void CheckAnswers(const text& tPage) {
+    Parser(tPage, nullptr).RequireAnswers(ReferenceAnswers(tPage), "the page");
+}
+
 // The page's way through a parser and through everything that can become of one.
 inline void CheckPage(const text& tPage) {
     const Transcript wanted = ReferenceAnswers(tPage);

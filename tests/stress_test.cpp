@@ -18,11 +18,15 @@ namespace {
 
 const char* const SCANS[] = {"portable", "sse2", "avx2", "avx512"};
 
-// With one of the scan implementations, or with the current one where build or processor lack it. Does not
-// go on after the first failure: the rest of a long run would only repeat it.
-void CheckWith(const char* pScan, const std::string& characters, const std::string& name) {
+// One of the scan implementations; the current one stays where build or processor lack it.
+void Use(const char* pScan) {
     if (const ScanPrimitives* pPrimitives = pFindScan(pScan))
         UseScan(*pPrimitives);
+}
+
+// Does not go on after the first failure: the rest of a long run would only repeat it.
+void CheckWith(const char* pScan, const std::string& characters, const std::string& name) {
+    Use(pScan);
     try {
         WithFences(characters, [&](const text& tPage) {
             invariants::CheckPage(tPage);
@@ -73,8 +77,10 @@ TEST(StressTest, SamplesAtEachLength) {
     const auto files = FilesBelow(PAGESLICE_SAMPLES);
     ASSERT_FALSE(files.empty());
     for (const auto& [path, characters] : files) {
-        for (std::size_t n = 0; n <= characters.size() && !HasFailure(); ++n)
-            CheckWith(SCANS[n % std::size(SCANS)], characters.substr(0, n),
-                      path + " cut off at " + std::to_string(n));
+        for (std::size_t n = 0; n <= characters.size(); ++n) {
+            Use(SCANS[n % std::size(SCANS)]);
+            ASSERT_NO_THROW(WithFences(characters.substr(0, n), invariants::CheckAnswers))
+                << path << " cut off at " << n;
+        }
     }
 }
