@@ -87,21 +87,22 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
     UrlList list(9);
     char* pNumber = new char[6]; // stays the caller's where it cannot be replaced
     char words[] = "a b ";
-    const std::function<void()> operations[] = {[] { delete[] FULL.pMakeCopy(); },
-                                                [] { delete[] pFormatNumber(1000, nullptr); },
-                                                [&] { pNumber = pFormatNumber(-1000, pNumber); },
-                                                [&] { bSplitWords(words, words, ""); },
-                                                [&] { OpenParser copy(parser); },
-                                                [&] { delete[] parser.pMakeTitleCopy(); },
-                                                [&] { UrlList copy(list); },
-                                                [&] { list = UrlList(list); },
-                                                [] { UrlList empty(9); },
-                                                [] { url::tGetDomainName(text(ADDRESS)); },
-                                                [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); },
-                                                [] { pageslice::page(pageslice::to_view(FULL), ADDRESS); },
-                                                [] { pageslice::normalize(ADDRESS); },
-                                                [] { pageslice::resolve(ADDRESS, ADDRESS); },
-                                                [] { pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
+    const std::function<void()> operations[] = {
+        [] { delete[] FULL.pMakeCopy(); },
+        [] { delete[] pFormatNumber(1000, nullptr); },
+        [&] { pNumber = pFormatNumber(-1000, pNumber); },
+        [&] { bSplitWords(words, words, ""); },
+        [&] { OpenParser copy(parser); },
+        [&] { delete[] parser.pMakeTitleCopy(); },
+        [&] { UrlList copy(list); },
+        [&] { list = UrlList(list); },
+        [] { UrlList empty(9); },
+        [] { url::tGetDomainName(text(ADDRESS)); },
+        [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); },
+        [] { pageslice::page(pageslice::to_view(FULL), ADDRESS); },
+        [] { pageslice::normalize(ADDRESS); },
+        [] { pageslice::resolve(ADDRESS, ADDRESS); },
+        [] { pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
     for (const auto& operation : operations)
         ExpectNoLeaks([&](const Fails& fails) { fails(operation); });
     delete[] pNumber;
