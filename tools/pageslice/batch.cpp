@@ -117,6 +117,7 @@ void printFiles(const Options& options, Console& console) {
 }
 
 void printStream(const Options& options, Console& console) {
+    LineReader input;
     std::size_t number = 0;
     std::size_t done = 0;
     inOrder(
@@ -126,7 +127,7 @@ void printStream(const Options& options, Console& console) {
             bool any = true;
             while (any && line.json.find_first_not_of(" \t\r") == std::string::npos) {
                 line.number = ++number;
-                any = readLine(line.json, LINE_LIMIT);
+                any = input.next(line.json, LINE_LIMIT);
             }
             return any ? std::optional(std::move(line)) : std::nullopt;
         },
@@ -138,6 +139,9 @@ void printStream(const Options& options, Console& console) {
             std::cout.flush();
             console.progress(++done, 0);
         });
+    if (input.failed()) {
+        console.error("standard input", "Cannot be read");
+    }
 }
 
 void annotateFile(const Options& options, Console& console) {

@@ -1,19 +1,17 @@
 #include "input.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 
-#ifndef _WIN32
 #include <unistd.h>
-#endif
 
 namespace pageslice {
 namespace {
@@ -104,20 +102,26 @@ std::string readAll(const std::string& name) {
     }
 }
 
-bool readLine(std::string& line, std::size_t limit) {
-    using Traits = std::char_traits<char>;
+bool LineReader::next(std::string& line, std::size_t limit) {
     line.clear();
-    std::streambuf& buffer = *std::cin.rdbuf();
-    Traits::int_type c = buffer.sbumpc();
-    if (c == Traits::eof()) {
-        return false;
-    }
-    for (; c != '\n' && c != Traits::eof(); c = buffer.sbumpc()) {
-        if (line.size() < limit) {
-            line += Traits::to_char_type(c);
+    for (bool any = false;; any = true) {
+        if (used == buffer.size()) {
+            buffer.resize(CHUNK);
+            const auto got = read(STDIN_FILENO, buffer.data(), CHUNK);
+            hasFailed = got < 0;
+            buffer.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+            used = 0;
+        }
+        if (buffer.empty()) {
+            return any;
+        }
+        const std::size_t end = std::min(buffer.find('\n', used), buffer.size());
+        line.append(buffer, used, std::min(end - used, limit - line.size()));
+        used = std::min(end + 1, buffer.size());
+        if (end != buffer.size()) {
+            return true;
         }
     }
-    return true;
 }
 
 } // namespace pageslice

@@ -12,9 +12,20 @@ namespace pageslice {
 // machine's memory is refused before it does.
 std::string readAll(const std::string& name);
 
-// The next line of standard input, without its line end. False at the end of the input. Of a line beyond
-// `limit` bytes the first ones are kept and the rest is skipped.
-bool readLine(std::string& line, std::size_t limit);
+// Standard input line by line. Takes what is there instead of waiting until a buffer is full, which the
+// standard streams of some systems do.
+class LineReader {
+public:
+    // Without its line end; false at the end of the input. Of a line beyond `limit` bytes the first ones are
+    // kept and the rest is skipped.
+    bool next(std::string& line, std::size_t limit);
+    bool failed() const { return hasFailed; }
+
+private:
+    bool hasFailed = false;
+    std::string buffer;
+    std::size_t used = 0; // of the buffer
+};
 
 } // namespace pageslice
 

@@ -57,6 +57,7 @@ std::optional<int> parseOptions(int argc, char** argv, Options& options) {
         ->type_name("OUT.html");
     app.set_version_flag("--version", "pageslice " PAGESLICE_VERSION);
     app.footer("Exit status: 0 all well, 1 some input failed, 2 wrong usage.\n");
+    app.allow_windows_style_options(false); // /name is a path there too
     app.get_formatter()->column_width(22);
     app.failure_message([](const CLI::App*, const CLI::Error& error) {
         return std::string("pageslice: ") + error.what() + " (pageslice --help tells more)\n";
