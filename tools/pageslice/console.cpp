@@ -62,9 +62,8 @@ void Console::error(const std::string& what, const std::string& why) {
 }
 
 void Console::progress(std::size_t done, std::size_t total) {
-    using namespace std::chrono_literals;
     const auto now = std::chrono::steady_clock::now();
-    if (!showsProgress || now - lastProgress < 100ms) {
+    if (!showsProgress || now - lastProgress < std::chrono::milliseconds(100)) {
         return;
     }
     lastProgress = now;
