@@ -28,6 +28,23 @@ run_tests() {
 
 build_and_run_tests() { build "$1"; run_tests "$1"; }
 
+# Prints the share of lines and branches that tests and stored inputs reach, file by file; build/coverage/lines.txt shows
+# every line with its count.
+run_with_coverage() {
+  out=build/coverage
+  export LLVM_PROFILE_FILE="$PWD/$out/profiles/%m.profraw"
+  build coverage
+  rm -rf $out/profiles # the build has run the programs too, to list their tests
+  run_tests coverage
+  llvm-profdata-14 merge -o $out/all.profdata $out/profiles/*.profraw
+  set -- $out/bin/pageslice_tests --instr-profile=$out/all.profdata
+  for program in $out/bin/*_inputs $out/bin/pageslice_alloc_tests; do
+    set -- "$@" --object "$program"
+  done
+  llvm-cov-14 show "$@" src include >$out/lines.txt
+  llvm-cov-14 report --show-region-summary=false "$@" src include
+}
+
 run_stage() {
   case $1 in
     format)
@@ -84,10 +101,8 @@ run_stage() {
       tests/single-file/run
       ;;
     coverage)
-      tools/need build test coverage
-      build_and_run_tests coverage
-      gcovr --root . --object-directory build/coverage --filter src/ --filter include/ --exclude-throw-branches \
-        --exclude-unreachable-branches --print-summary --txt build/coverage/coverage.txt
+      tools/need build test clang
+      run_with_coverage
       ;;
     bench)
       tools/need build valgrind

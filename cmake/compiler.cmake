@@ -21,8 +21,8 @@ if(PAGESLICE_SANITIZE)
 endif()
 
 if(PAGESLICE_COVERAGE)
-  target_compile_options(pageslice_compiler INTERFACE --coverage -fprofile-update=atomic)
-  target_link_options(pageslice_compiler INTERFACE --coverage)
+  target_compile_options(pageslice_compiler INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(pageslice_compiler INTERFACE -fprofile-instr-generate)
 endif()
 
 # Makes a header-only library of the machine that builds usable by TARGET, also when it builds for another system,
