@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install single-file coverage bench"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install single-file fuzz coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -99,6 +99,9 @@ run_stage() {
       tools/need build test clang python
       build_and_run_tests single-file
       tests/single-file/run
+      ;;
+    fuzz)
+      fuzz/run "${FUZZ_SECONDS:-60}"
       ;;
     coverage)
       tools/need build test clang
