@@ -14,8 +14,7 @@
 #include "hostile.h"
 #include "output/alt_text.h"
 #include "output/output_text.h"
-#include "pages.h"
-#include "pageslice/html_parser.h"
+#include "stages.h"
 #include "text/string_utils.h"
 
 namespace {

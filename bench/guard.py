@@ -4,6 +4,7 @@
 guard.py PROGRAM           compares the instructions per byte that each stage takes on samples/ with the figures in
                            bench/instructions.json, and fails where one is more than 3 % above
 guard.py PROGRAM --store   stores new figures
+guard.py PROGRAM --on FOLDER   prints the figures for the pages of another folder, as JSON
 
 Instructions are counted by callgrind, so the figures do not depend on the load of the machine; they do on the
 compiler and on the C library, which stand beside them.
@@ -29,10 +30,10 @@ def has_level(level):
     return level == "portable" or cpu.exists() and re.search(rf"\b{level}\b", cpu.read_text()) is not None
 
 
-def per_byte(program, level, stage):
+def per_byte(program, level, stage, folder):
     run = subprocess.run(
         ["valgrind", "--tool=callgrind", "--instr-atstart=no", "--callgrind-out-file=/dev/null", program,
-         "--rounds", "1", "--stage", stage, str(SAMPLES)],
+         "--rounds", "1", "--stage", stage, str(folder)],
         capture_output=True, text=True, check=True, env={**os.environ, "PAGESLICE_SCAN": level})
     count = int(re.search(r"Collected : (\d+)", run.stderr)[1])
     if count == 0:
@@ -46,10 +47,14 @@ def tools():
 
 
 def main():
-    program = sys.argv[1]
-    found = {level: {stage: per_byte(program, level, stage) for stage in STAGES}
+    program, options = sys.argv[1], sys.argv[2:]
+    folder = options[1] if options[:1] == ["--on"] else SAMPLES
+    found = {level: {stage: per_byte(program, level, stage, folder) for stage in STAGES}
              for level in LEVELS if has_level(level)}
-    if sys.argv[2:] == ["--store"]:
+    if folder != SAMPLES:
+        print(json.dumps(found))
+        return
+    if options == ["--store"]:
         if len(found) != len(LEVELS):
             sys.exit("guard.py: this processor lacks a level; nothing stored")
         STORED.write_text(json.dumps({"tools": tools(), "instructions_per_byte": found}, indent=2) + "\n")

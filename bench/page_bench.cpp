@@ -70,7 +70,7 @@ void Register(const std::string& name, PageSet& pages, const Stage& stage) {
 void RegisterPage(const std::string& name, const Family& family, std::size_t n) {
     benchmark::RegisterBenchmark(name.c_str(), [&family, n](benchmark::State& state) {
         std::vector<Page> made;
-        made.emplace_back(family.name, MakePage(family, n));
+        made.emplace_back(MakePage(family, n));
         PageSet pages(std::move(made));
         Measure(state, pages, Stages()[0]);
     })->Unit(benchmark::kMicrosecond);

@@ -1,16 +1,20 @@
-// Some pages, and what one stage costs and finds on all of them.
+// The pages that are measured, and what one stage costs and finds on all of them.
 #ifndef PAGESLICE_BENCH_PAGE_SET_H
 #define PAGESLICE_BENCH_PAGE_SET_H
 
 #include <cstddef>
 #include <deque>
+#include <string>
 #include <vector>
 
 #include "allocations.h"
-#include "pages.h"
 #include "stages.h"
 
 namespace bench {
+
+// Reads files, and all *.html of folders, in the order of their names. Throws std::runtime_error for what
+// cannot be read.
+std::vector<Page> LoadPages(const std::vector<std::string>& paths);
 
 struct AllocationsPerPage {
     double meanCount = 0;

@@ -1,6 +1,9 @@
 #include "peers.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #if defined(PAGESLICE_WITH_LIBXML2)
 #include <libxml/HTMLparser.h>
@@ -12,33 +15,58 @@
 
 namespace bench {
 
-PeerAnswer::PeerAnswer(std::size_t pageSize) {
-    m_text.reserve(pageSize);
-}
+namespace {
 
-void PeerAnswer::OpenLink(std::string_view href) {
-    m_urls += href;
-    m_links.push_back({m_urls.size(), m_text.size(), m_text.size()});
-    m_inLink = true;
-}
+// What a peer collects of one page. It is kept cheap, so that a peer's time is the peer's own: all URLs stand
+// in one string, and a link's text is a range of the plain text.
+class PeerAnswer {
+public:
+    explicit PeerAnswer(std::size_t pageSize) { m_text.reserve(pageSize); }
 
-void PeerAnswer::CloseLink() {
-    if (m_inLink) {
-        m_links.back().textEnd = m_text.size();
-        m_inLink = false;
+    void OpenLink(std::string_view href) {
+        m_urls += href;
+        m_links.push_back({m_urls.size(), m_text.size(), m_text.size()});
+        m_inLink = true;
     }
-}
-
-void PeerAnswer::AddImage(std::string_view source) {
-    m_imageUrls += source;
-    m_imageUrlEnds.push_back(m_imageUrls.size());
-}
-
-void PeerAnswer::AddTag() {
-    if (!m_text.empty() && m_text.back() != ' ') {
-        m_text += ' ';
+    void CloseLink() {
+        if (m_inLink) {
+            m_links.back().textEnd = m_text.size();
+            m_inLink = false;
+        }
     }
-}
+    void AddImage(std::string_view source) {
+        m_imageUrls += source;
+        m_imageUrlEnds.push_back(m_imageUrls.size());
+    }
+    void OpenTitle() { m_inTitle = true; }
+    void CloseTitle() { m_inTitle = false; }
+    // Every tag separates words.
+    void AddTag() {
+        if (!m_text.empty() && m_text.back() != ' ') {
+            m_text += ' ';
+        }
+    }
+    // Runs of LF, CR and space become one space.
+    void AddText(std::string_view characters);
+
+    void CountInto(Found* found) const;
+
+private:
+    struct Link {
+        std::size_t urlEnd;
+        std::size_t textBegin;
+        std::size_t textEnd;
+    };
+
+    std::string m_urls; // of links
+    std::vector<Link> m_links;
+    std::string m_imageUrls;
+    std::vector<std::size_t> m_imageUrlEnds;
+    std::string m_text;
+    std::string m_title;
+    bool m_inLink = false;
+    bool m_inTitle = false;
+};
 
 void PeerAnswer::AddText(std::string_view characters) {
     if (m_inTitle) {
@@ -67,6 +95,8 @@ void PeerAnswer::CountInto(Found* found) const {
         found->titleBytes += m_title.size();
     }
 }
+
+} // namespace
 
 #if defined(PAGESLICE_WITH_LIBXML2)
 

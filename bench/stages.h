@@ -3,12 +3,32 @@
 #define PAGESLICE_BENCH_STAGES_H
 
 #include <cstddef>
+#include <cstring>
+#include <memory>
 #include <span>
+#include <string_view>
 
-#include "pages.h"
 #include "pageslice/html_parser.h"
 
 namespace bench {
+
+inline constexpr const char* PAGE_URL = "http://www.example.com/news/today/index.html";
+
+// A page in a heap buffer of exactly its own size, so that no run profits from what stands behind it.
+class Page {
+public:
+    explicit Page(std::string_view content) : m_size(content.size()), m_data(new char[m_size]) {
+        std::memcpy(m_data.get(), content.data(), m_size);
+    }
+
+    const char* Data() const noexcept { return m_data.get(); }
+    std::size_t Size() const noexcept { return m_size; }
+    text Slice() const noexcept { return text(Data(), Data() + Size() - 1, 0); }
+
+private:
+    std::size_t m_size;
+    std::unique_ptr<char[]> m_data;
+};
 
 // What a run found: shows the reader that the work was done.
 struct Found {

@@ -79,6 +79,9 @@ void PrintSpeed(std::vector<double> seconds, std::size_t bytes) {
 void Main(const Options& options) {
     const Stage& stage = StageNamed(options.stage);
     PageSet pages(LoadPages(options.paths));
+    if (pages.Bytes() == 0) {
+        throw std::runtime_error("no pages");
+    }
     std::printf("stage        %s: %zu bytes in %zu pages\n", stage.name, pages.Bytes(), pages.Count());
     const Found found = pages.Find(stage);
     std::printf("found        %zu links, %zu images, %zu bytes of text, %zu of titles\n", found.links,
