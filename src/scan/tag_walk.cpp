@@ -33,7 +33,7 @@ const char* TagWalk::pNextBehindSweep() noexcept {
             return pSingleStep();
         }
         if (bSweep()) {
-            return pNext();
+            return pTakeVisit();
         }
     }
     return nullptr;

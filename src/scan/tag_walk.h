@@ -23,11 +23,7 @@ public:
 
     // Starts the next step; gives the '<' that it visits, or null when the walk is over.
     const char* pNext() noexcept {
-        if (m_nNextVisit < m_sweep.nVisits) {
-            m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
-            return m_pOpen;
-        }
-        return pNextBehindSweep();
+        return m_nNextVisit < m_sweep.nVisits ? pTakeVisit() : pNextBehindSweep();
     }
 
     // The '>' that ends the current step, or null when the page ends first.
@@ -37,6 +33,10 @@ public:
     void ContinueBehind(const char* pEnd) noexcept;
 
 private:
+    const char* pTakeVisit() noexcept {
+        m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
+        return m_pOpen;
+    }
     const char* pNextBehindSweep() noexcept;
     const char* pSingleStep() noexcept;
     bool bSweep() noexcept;

@@ -36,15 +36,9 @@ text::text(const char* s) noexcept : text() {
 text::text(const char* pStart, const char* pEnd, int bNullTerminated) noexcept
     : m_bNullTerminated(bNullTerminated), m_pStart(pStart), m_pEnd(pEnd) {}
 
-text::text(const text& t) noexcept
-    : m_bNullTerminated(t.m_bNullTerminated), m_pStart(t.m_pStart), m_pEnd(t.m_pEnd) {}
+text::text(const text& t) noexcept = default;
 
-text& text::operator=(const text& t) noexcept {
-    m_bNullTerminated = t.m_bNullTerminated;
-    m_pStart = t.m_pStart;
-    m_pEnd = t.m_pEnd;
-    return *this;
-}
+text& text::operator=(const text& t) noexcept = default;
 
 void text::Set(const char* pStart, const char* pEnd, int bNullTerminated) noexcept {
     m_bNullTerminated = bNullTerminated;
