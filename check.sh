@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install single-file fuzz coverage bench"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install single-file docs fuzz coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -102,6 +102,14 @@ run_stage() {
       ;;
     fuzz)
       fuzz/run "${FUZZ_SECONDS:-60}"
+      ;;
+    docs)
+      tools/need build test docs python
+      tools/quietly cmake --preset dev
+      tools/quietly cmake --build --preset dev --target pageslice
+      tools/doc-blocks build/dev README.md docs/guide.md
+      mkdir -p build/docs
+      tools/quietly doxygen docs/Doxyfile
       ;;
     coverage)
       tools/need build test clang
