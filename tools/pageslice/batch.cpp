@@ -53,7 +53,6 @@ Answer answer(std::string input, Report report) {
 
 void put(const Answer& answered, Console& console) {
     if (answered.error.empty()) {
-        console.clearProgress();
         std::cout << answered.report;
     } else {
         console.error(answered.input, answered.error);

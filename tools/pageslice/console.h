@@ -28,9 +28,9 @@ public:
     // of 0 is not known.
     void progress(std::size_t done, std::size_t total);
 
+private:
     void clearProgress();
 
-private:
     bool outTerminal;
     bool outColours;
     bool showsProgress;
