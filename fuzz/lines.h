@@ -11,7 +11,7 @@
 
 // At least nAtLeast of them, the missing ones empty.
 inline std::vector<std::string> LinesOf(const std::uint8_t* pData, std::size_t n, std::size_t nAtLeast) {
-    std::istringstream in(std::string(pData, pData + n));
+    std::istringstream in(std::string(reinterpret_cast<const char*>(pData), n));
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);)
         lines.push_back(line);
