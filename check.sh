@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 windows install single-file docs fuzz coverage bench"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 abi windows install single-file docs fuzz coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -83,6 +83,11 @@ run_stage() {
     linux-x86)
       tools/need build test linux-x86
       build_and_run_tests linux-x86
+      ;;
+    abi)
+      tools/need build test
+      build dev
+      nm -D --defined-only build/dev/libpageslice.so | awk '{ print $3 }' | LC_ALL=C sort -u | diff abi/linux.txt -
       ;;
     windows)
       tools/need build test windows
