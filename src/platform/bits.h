@@ -23,4 +23,17 @@ inline unsigned nCountBits(std::uint64_t n) noexcept {
     return static_cast<unsigned>((n * 0x0101010101010101) >> 56);
 }
 
+// Index of the lowest bit that is set; any number when n is 0.
+inline unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
+    return nLowestBit(n | std::uint64_t{1} << 63);
+}
+
+// Bit i of the result is the parity of bits 0 to i of n.
+inline std::uint64_t nParity(std::uint64_t n) noexcept {
+    for (unsigned nShift = 1; nShift < 64; nShift *= 2) {
+        n ^= n << nShift;
+    }
+    return n;
+}
+
 #endif

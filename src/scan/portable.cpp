@@ -21,17 +21,6 @@ std::uint64_t nZeroBytes(std::uint64_t n) noexcept {
     return ((nTopBits >> 7) * GATHER) >> 56;
 }
 
-unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
-    return nLowestBit(n | std::uint64_t{1} << (SCAN_BLOCK - 1));
-}
-
-std::uint64_t nParity(std::uint64_t n) noexcept {
-    for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
-        n ^= n << nShift;
-    }
-    return n;
-}
-
 class Block {
 public:
     explicit Block(const char* p) noexcept : m_p(p) {

@@ -13,17 +13,6 @@ PAGESLICE_TARGET_BEGIN("sse2")
 namespace scan_sse2 {
 namespace {
 
-unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
-    return nLowestBit(n | std::uint64_t{1} << (SCAN_BLOCK - 1));
-}
-
-std::uint64_t nParity(std::uint64_t n) noexcept {
-    for (unsigned nShift = 1; nShift < SCAN_BLOCK; nShift *= 2) {
-        n ^= n << nShift;
-    }
-    return n;
-}
-
 class Block {
 public:
     explicit Block(const char* p) noexcept : m_p(p) {
