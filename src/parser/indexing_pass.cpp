@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -11,11 +10,9 @@
 
 namespace {
 
-// Whether a start tag, or an end tag, that begins with this character may be one that the pass acts on.
-enum FirstCharacter : unsigned char { OF_START_TAG = 1, OF_END_TAG = 2 };
-
-constexpr std::array<unsigned char, 256> MakeFirstCharacters() noexcept {
-    std::array<unsigned char, 256> marks{};
+// The tags that the pass acts on begin with these.
+constexpr FirstCharacters MakeFirstCharacters() noexcept {
+    FirstCharacters marks{};
     for (const char c : {'a', 'l', 't', 'A', 'L', 'T'}) {
         marks[static_cast<unsigned char>(c)] = OF_START_TAG | OF_END_TAG;
     }
@@ -26,17 +23,7 @@ constexpr std::array<unsigned char, 256> MakeFirstCharacters() noexcept {
     return marks;
 }
 
-constexpr std::array<unsigned char, 256> FIRST_CHARACTERS = MakeFirstCharacters();
-
-// Two bytes tell most tags of a page to be none of the pass's.
-bool bMayAct(const char* pOpen, const text& page) noexcept {
-    if (page.m_pEnd - pOpen < 2) {
-        return false; // no room for a name of one letter and its end
-    }
-    const bool bEndTag = pOpen[1] == '/';
-    const auto cFirst = static_cast<unsigned char>(bEndTag ? pOpen[2] : pOpen[1]);
-    return (FIRST_CHARACTERS[cFirst] & (bEndTag ? OF_END_TAG : OF_START_TAG)) != 0;
-}
+constexpr FirstCharacters FIRST_CHARACTERS = MakeFirstCharacters();
 
 // Arrays start with the room that pages of this size usually fill, but never with much.
 constexpr std::size_t BYTES_PER_LINK = 384;
@@ -64,7 +51,7 @@ struct Index {
 class IndexingPass {
 public:
     IndexingPass(const text& page, const Index& index) noexcept
-        : m_page(page), m_index(index), m_walk(page.m_pStart, page) {}
+        : m_page(page), m_index(index), m_walk(page.m_pStart, page, FIRST_CHARACTERS) {}
 
     void Run();
 
@@ -101,9 +88,6 @@ private:
 void IndexingPass::Run() {
     TagAt tag{nullptr, TAG_NONE};
     while (const char* const pOpen = m_walk.pNext()) {
-        if (!bMayAct(pOpen, m_page)) {
-            continue;
-        }
         // A tag may be visited many times over; its name is read once.
         if (pOpen != m_pOpen) {
             m_pOpen = pOpen;

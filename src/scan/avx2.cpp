@@ -4,7 +4,7 @@
 
 #if defined(PAGESLICE_HAS_AVX)
 
-#include <cstring>
+#include <array>
 
 #include <immintrin.h>
 
@@ -32,10 +32,26 @@ std::uint64_t nParity(std::uint64_t n) noexcept {
     return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
 }
 
+// For each choice among eight bytes, the indices of the chosen ones, first index in the lowest bits.
+constexpr std::array<std::uint64_t, 256> MakeKeptFirst() noexcept {
+    std::array<std::uint64_t, 256> orders{};
+    for (unsigned nKeep = 0; nKeep < orders.size(); ++nKeep) {
+        unsigned nKept = 0;
+        for (unsigned i = 0; i < 8; ++i) {
+            if ((nKeep >> i & 1) != 0) {
+                orders[nKeep] |= std::uint64_t{i} << (8 * nKept++);
+            }
+        }
+    }
+    return orders;
+}
+
+constexpr std::array<std::uint64_t, 256> KEPT_FIRST = MakeKeptFirst();
+
 class Block {
 public:
     explicit Block(const char* p) noexcept
-        : m_p(p), m_low(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
+        : m_low(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))),
           m_high(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p) + 1)) {}
 
     std::uint64_t Equal(char c) const noexcept {
@@ -43,37 +59,23 @@ public:
         return nMask(_mm256_cmpeq_epi8(m_low, pattern), _mm256_cmpeq_epi8(m_high, pattern));
     }
 
-    // Without the bit that tells small letters from capitals, a space is 0.
-    std::uint64_t MayBegin(char cInitial) const noexcept {
-        const __m256i capital = _mm256_set1_epi8(static_cast<char>(cInitial - 0x20));
-        const __m256i mask = _mm256_set1_epi8(static_cast<char>(0xDF));
-        const __m256i low = _mm256_and_si256(m_low, mask);
-        const __m256i high = _mm256_and_si256(m_high, mask);
-        const __m256i zero = _mm256_setzero_si256();
-        return nMask(_mm256_or_si256(_mm256_cmpeq_epi8(low, capital), _mm256_cmpeq_epi8(low, zero)),
-                     _mm256_or_si256(_mm256_cmpeq_epi8(high, capital), _mm256_cmpeq_epi8(high, zero)));
-    }
+    // Each of the four looks itself up by its lower half; no other byte finds itself there.
+    std::uint64_t Blank() const noexcept { return nMask(Blanks(m_low), Blanks(m_high)); }
 
-    // Each of the three looks itself up by its lower half; no other byte finds itself there.
-    std::uint64_t Blank() const noexcept {
-        const __m256i table =
-            _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1, //
-                             ' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1);
-        return nMask(_mm256_cmpeq_epi8(m_low, _mm256_shuffle_epi8(table, m_low)),
-                     _mm256_cmpeq_epi8(m_high, _mm256_shuffle_epi8(table, m_high)));
-    }
-
-    // Run by run, each copied by the full width: most blocks hold one or two.
+    // Eight bytes at a time, through a table. No branch hangs on the page: how text and tags follow each
+    // other within a block is hard to foretell.
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
-        while (nKeep != 0) {
-            const unsigned nStart = nLowestBit(nKeep);
-            const std::uint64_t nBehind = nKeep + (std::uint64_t{1} << nStart);
-            CopyBlanked(m_p + nStart, pOut);
-            CopyBlanked(m_p + nStart + 32, pOut + 32);
-            pOut += _tzcnt_u64(nBehind) - nStart;
-            nKeep &= nBehind;
-        }
-        return pOut;
+        const __m256i space = _mm256_set1_epi8(' ');
+        const __m256i low = _mm256_blendv_epi8(m_low, space, Blanks(m_low));
+        const __m256i high = _mm256_blendv_epi8(m_high, space, Blanks(m_high));
+        pOut = pSqueeze16(_mm256_castsi256_si128(low), nKeep, pOut);
+        pOut = pSqueeze16(_mm256_extracti128_si256(low, 1), nKeep >> 16, pOut);
+        pOut = pSqueeze16(_mm256_castsi256_si128(high), nKeep >> 32, pOut);
+        return pSqueeze16(_mm256_extracti128_si256(high, 1), nKeep >> 48, pOut);
+    }
+
+    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+        return nMask(OpensOfHalf(p, cInitial), OpensOfHalf(p + sizeof(__m256i), cInitial));
     }
 
     static void Clear(char* p) noexcept {
@@ -88,17 +90,36 @@ private:
         return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
     }
 
-    static void CopyBlanked(const char* p, char* pOut) noexcept {
-        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    static __m256i Blanks(__m256i bytes) noexcept {
         const __m256i table =
             _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1, //
                              ' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1);
-        const __m256i blanks = _mm256_cmpeq_epi8(bytes, _mm256_shuffle_epi8(table, bytes));
-        _mm256_storeu_si256(reinterpret_cast<__m256i*>(pOut),
-                            _mm256_blendv_epi8(bytes, _mm256_set1_epi8(' '), blanks));
+        return _mm256_cmpeq_epi8(bytes, _mm256_shuffle_epi8(table, bytes));
     }
 
-    const char* m_p;
+    // Without the bit that tells small letters from capitals, a space is 0.
+    static __m256i OpensOfHalf(const char* p, char cInitial) noexcept {
+        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+        const __m256i behind = _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 1)),
+                                                _mm256_set1_epi8(static_cast<char>(0xDF)));
+        const __m256i capital = _mm256_set1_epi8(static_cast<char>(cInitial - 0x20));
+        return _mm256_and_si256(_mm256_cmpeq_epi8(bytes, _mm256_set1_epi8('<')),
+                                _mm256_or_si256(_mm256_cmpeq_epi8(behind, capital),
+                                                _mm256_cmpeq_epi8(behind, _mm256_setzero_si256())));
+    }
+
+    // Squeezes by the 16 lowest bits.
+    static char* pSqueeze16(__m128i bytes, std::uint64_t nKeep, char* pOut) noexcept {
+        pOut = pSqueeze8(bytes, nKeep & 0xFF, pOut);
+        return pSqueeze8(_mm_unpackhi_epi64(bytes, bytes), nKeep >> 8 & 0xFF, pOut);
+    }
+
+    static char* pSqueeze8(__m128i bytes, std::uint64_t nKeep, char* pOut) noexcept {
+        const __m128i order = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&KEPT_FIRST[nKeep]));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pOut), _mm_shuffle_epi8(bytes, order));
+        return pOut + _mm_popcnt_u64(nKeep);
+    }
+
     __m256i m_low;
     __m256i m_high;
 };

@@ -37,35 +37,31 @@ public:
         return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_set1_epi8(c));
     }
 
-    // Without the bit that tells small letters from capitals, a space is 0.
-    std::uint64_t MayBegin(char cInitial) const noexcept {
-        const __m512i folded = _mm512_and_si512(m_bytes, _mm512_set1_epi8(static_cast<char>(0xDF)));
-        return _mm512_cmpeq_epi8_mask(folded, _mm512_set1_epi8(static_cast<char>(cInitial - 0x20))) |
-               _mm512_testn_epi8_mask(folded, folded);
-    }
-
-    // Each of the three looks itself up by its lower half; no other byte finds itself there.
+    // Each of the four looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept {
-        return FindThemselves(
-            _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, -1, '\r', -1, -1));
+        const __m512i table = _mm512_maskz_broadcast_i32x4(
+            0xFFFF, _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1));
+        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(table, m_bytes));
     }
 
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
-        const std::uint64_t nBlank = FindThemselves(
-            _mm_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1));
-        const __m512i blanked = _mm512_mask_blend_epi8(nBlank, m_bytes, _mm512_set1_epi8(' '));
+        const __m512i blanked = _mm512_mask_blend_epi8(Blank(), m_bytes, _mm512_set1_epi8(' '));
         _mm512_storeu_si512(pOut, _mm512_maskz_compress_epi8(nKeep, blanked));
         return pOut + _mm_popcnt_u64(nKeep);
+    }
+
+    // Without the bit that tells small letters from capitals, a space is 0.
+    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+        const __m512i behind =
+            _mm512_and_si512(_mm512_loadu_si512(p + 1), _mm512_set1_epi8(static_cast<char>(0xDF)));
+        const __m512i capital = _mm512_set1_epi8(static_cast<char>(cInitial - 0x20));
+        return Block(p).Equal('<') &
+               (_mm512_cmpeq_epi8_mask(behind, capital) | _mm512_testn_epi8_mask(behind, behind));
     }
 
     static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
 
 private:
-    std::uint64_t FindThemselves(__m128i table) const noexcept {
-        const __m512i tables = _mm512_maskz_broadcast_i32x4(0xFFFF, table);
-        return _mm512_cmpeq_epi8_mask(m_bytes, _mm512_shuffle_epi8(tables, m_bytes));
-    }
-
     __m512i m_bytes;
 };
 

@@ -31,14 +31,20 @@ public:
         return nMask;
     }
 
-    std::uint64_t MayBegin(char cInitial) const noexcept {
-        return Equal(cInitial) | Equal(static_cast<char>(cInitial - 0x20)) | Equal(' ');
-    }
-
-    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' '); }
+    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' ') | Equal('<'); }
 
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
-        return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank() | Equal('<'), pOut);
+        return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
+    }
+
+    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+        const std::uint64_t nOpens = Block(p).Equal('<');
+        if (nOpens == 0) {
+            return 0;
+        }
+        const Block behind(p + 1);
+        return nOpens & (behind.Equal(cInitial) | behind.Equal(static_cast<char>(cInitial - 0x20)) |
+                         behind.Equal(' '));
     }
 
     static void Clear(char* p) noexcept {

@@ -12,42 +12,49 @@ constexpr std::size_t FIRST_SWEEP_BLOCKS = 4;
 
 } // namespace
 
-TagWalk::TagWalk(const char* pFrom, const text& page) noexcept
-    : m_pPageEnd(page.m_pEnd == nullptr ? nullptr : page.m_pEnd + 1), m_pFrom(pFrom), m_pSingleUntil(pFrom),
-      m_nSweepBlocks(FIRST_SWEEP_BLOCKS) {
-    m_sweep.nVisits = 0;
-}
+TagWalk::TagWalk(const char* pFrom, const text& page, const FirstCharacters& wanted) noexcept
+    : m_wanted(wanted), m_pPageEnd(page.m_pEnd == nullptr ? nullptr : page.m_pEnd + 1), m_pFrom(pFrom),
+      m_pSingleUntil(pFrom), m_nSweepBlocks(FIRST_SWEEP_BLOCKS) {}
 
 const char* TagWalk::pNextBehindSweep() noexcept {
-    if (m_pOpen != nullptr) {
-        const char* const pEnd = pStepEnd();
-        if (pEnd == nullptr) {
-            return nullptr;
-        }
-        DropSweep();
-        m_pFrom = pEnd + 1;
-        m_bQuoted = false;
-    }
-    while (m_pFrom != nullptr && m_pFrom < m_pPageEnd) {
+    while (bEndStep()) {
         if (m_pFrom < m_pSingleUntil) {
-            return pSingleStep();
-        }
-        if (bSweep()) {
+            if (!bSingleStep()) {
+                return nullptr;
+            }
+            if (bHasRoomForName(m_pOpen) && nIsWanted(m_pOpen) != 0) {
+                return m_pOpen;
+            }
+        } else if (bSweep()) {
             return pTakeVisit();
         }
     }
     return nullptr;
 }
 
-const char* TagWalk::pSingleStep() noexcept {
+// Ends the current step, once it has visited its '<'; of a sweep, the last step. False when the walk is over.
+bool TagWalk::bEndStep() noexcept {
+    if (m_bVisited) {
+        m_pOpen = m_pSwept == nullptr ? m_pOpen : m_pLastVisit;
+        const char* const pEnd = pStepEnd();
+        DropSweep();
+        m_pFrom = pEnd == nullptr ? nullptr : pEnd + 1;
+        m_bQuoted = false;
+        m_bVisited = false;
+    }
+    return m_pFrom != nullptr && m_pFrom < m_pPageEnd;
+}
+
+bool TagWalk::bSingleStep() noexcept {
     if (m_pOpen == nullptr || m_pOpen < m_pFrom) {
         m_pOpen = static_cast<const char*>(std::memchr(m_pFrom, '<', nLeft()));
     }
-    return m_pOpen;
+    m_bVisited = m_pOpen != nullptr;
+    return m_bVisited;
 }
 
-// Sweeps from m_pFrom on. False when that found no visit: then m_pFrom has moved on within the same step,
-// or single steps are due.
+// Sweeps from m_pFrom on. False when that found no wanted visit. Where it found none at all, m_pFrom has
+// moved on within the same step, or single steps are due.
 bool TagWalk::bSweep() noexcept {
     const std::size_t nBlocks = std::min(nLeft() / SCAN_BLOCK, m_nSweepBlocks);
     if (nBlocks > 0) {
@@ -60,8 +67,10 @@ bool TagWalk::bSweep() noexcept {
     m_nSweepBlocks = std::min(2 * m_nSweepBlocks, SCAN_SWEEP_BLOCKS);
     m_nNextVisit = 0;
     m_pSwept = m_pFrom;
-    if (m_sweep.nVisits > 0) {
-        return true;
+    m_bVisited = m_sweep.nVisits > 0;
+    if (m_bVisited) {
+        KeepWanted();
+        return m_nWanted > 0;
     }
     const std::size_t nSwept = std::min(m_sweep.nBlocks * SCAN_BLOCK, nLeft());
     if (nSwept == 0) {
@@ -74,9 +83,37 @@ bool TagWalk::bSweep() noexcept {
     return false;
 }
 
+// Moves the wanted visits to the front. Which tags follow each other is hard to foretell, so no branch hangs
+// on it.
+void TagWalk::KeepWanted() noexcept {
+    std::size_t nVisits = m_sweep.nVisits;
+    m_pLastVisit = m_pSwept + m_sweep.nOpens[nVisits - 1];
+    while (nVisits > 0 && !bHasRoomForName(m_pSwept + m_sweep.nOpens[nVisits - 1])) {
+        --nVisits;
+    }
+    std::size_t nWanted = 0;
+    for (std::size_t i = 0; i < nVisits; ++i) {
+        const std::uint16_t nOpen = m_sweep.nOpens[i];
+        m_sweep.nOpens[nWanted] = nOpen;
+        nWanted += nIsWanted(m_pSwept + nOpen);
+    }
+    m_nWanted = nWanted;
+}
+
+// For a name of one letter and what ends it.
+bool TagWalk::bHasRoomForName(const char* pOpen) const noexcept {
+    return m_pPageEnd - pOpen > 2;
+}
+
+// 1 or 0; reads two bytes behind pOpen.
+unsigned TagWalk::nIsWanted(const char* pOpen) const noexcept {
+    const unsigned nSlashes = pOpen[1] == '/' ? 1 : 0;
+    return m_wanted[static_cast<unsigned char>(pOpen[1 + nSlashes])] >> nSlashes & 1;
+}
+
 void TagWalk::DropSweep() noexcept {
     m_pSwept = nullptr;
-    m_sweep.nVisits = 0;
+    m_nWanted = 0;
     m_nNextVisit = 0;
     m_pEnd = nullptr;
 }
@@ -107,16 +144,16 @@ const char* TagWalk::pStepEnd() noexcept {
 }
 
 void TagWalk::ContinueBehind(const char* pEnd) noexcept {
-    if (m_nNextVisit < m_sweep.nVisits && pEnd == pStepEnd()) {
-        return; // what was swept holds
-    }
-    if (m_nNextVisit < m_sweep.nVisits) {
+    if (m_pSwept != nullptr && m_pOpen != m_pLastVisit) {
+        if (pEnd == pStepEnd()) {
+            return; // what was swept holds
+        }
         m_nSweepBlocks = FIRST_SWEEP_BLOCKS;
     }
     DropSweep();
     m_pEnd = pEnd;
     if (pEnd == nullptr) {
-        m_pOpen = nullptr;
         m_pFrom = nullptr;
+        m_bVisited = false;
     }
 }

@@ -1,10 +1,15 @@
 #ifndef PAGESLICE_SCAN_TAG_WALK_H
 #define PAGESLICE_SCAN_TAG_WALK_H
 
+#include <array>
 #include <cstddef>
 
 #include "pageslice/text.h"
 #include "scan/primitives.h"
+
+// By the first character of a name: whether the start tags, and the end tags, that begin with it are wanted.
+enum FirstCharacter : unsigned char { OF_START_TAG = 1, OF_END_TAG = 2 };
+using FirstCharacters = std::array<unsigned char, 256>;
 
 // Walks a page from tag to tag. Each step starts at a position p: it visits the first '<' at or after p,
 // and it ends at pFindTagEnd(p), behind which the next step starts.
@@ -14,17 +19,19 @@
 // the next '"', past the tags in between. Whoever parses the tag's attributes knows better where it ends
 // and says so with ContinueBehind.
 //
+// Only wanted tags are handed out, as far as two bytes tell: the character behind the '<', or behind "</". A
+// tag that begins within the page's last two characters, without room for a name and its end, is not wanted.
+//
 // The walk sweeps the page in runs of blocks and hands out the visits of a sweep one after the other. Where
 // a '<' is visited more than once it takes single steps instead. As a whole it looks at each character a
 // fixed number of times, however often a '<' is visited.
 class TagWalk {
 public:
-    TagWalk(const char* pFrom, const text& page) noexcept;
+    // `wanted` is not copied.
+    TagWalk(const char* pFrom, const text& page, const FirstCharacters& wanted) noexcept;
 
-    // Starts the next step; gives the '<' that it visits, or null when the walk is over.
-    const char* pNext() noexcept {
-        return m_nNextVisit < m_sweep.nVisits ? pTakeVisit() : pNextBehindSweep();
-    }
+    // Goes on to the next step that visits a wanted tag; gives its '<', or null when the walk is over.
+    const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextBehindSweep(); }
 
     // The '>' that ends the current step, or null when the page ends first.
     const char* pStepEnd() noexcept;
@@ -38,18 +45,26 @@ private:
         return m_pOpen;
     }
     const char* pNextBehindSweep() noexcept;
-    const char* pSingleStep() noexcept;
+    bool bEndStep() noexcept;
+    bool bSingleStep() noexcept;
     bool bSweep() noexcept;
+    void KeepWanted() noexcept;
+    bool bHasRoomForName(const char* pOpen) const noexcept;
+    unsigned nIsWanted(const char* pOpen) const noexcept;
     void DropSweep() noexcept;
     std::size_t nLeft() const noexcept { return static_cast<std::size_t>(m_pPageEnd - m_pFrom); }
 
-    const char* m_pPageEnd;         // one past the last character
-    const char* m_pFrom;            // the step, and what is left of the search for its end, starts here
-    bool m_bQuoted = false;         // and inside quotes
-    const char* m_pOpen = nullptr;  // the '<' last visited
-    const char* m_pEnd = nullptr;   // the end of the current step, where it is known
-    const char* m_pSingleUntil;     // single steps are taken before this
-    const char* m_pSwept = nullptr; // start of the sweep whose visits are handed out
+    const FirstCharacters& m_wanted;
+    const char* m_pPageEnd;             // one past the last character
+    const char* m_pFrom;                // the step, and what is left of the search for its end, starts here
+    bool m_bQuoted = false;             // and inside quotes
+    bool m_bVisited = false;            // the step has visited its '<'
+    const char* m_pOpen = nullptr;      // the '<' last visited
+    const char* m_pEnd = nullptr;       // the end of the current step, where it is known
+    const char* m_pSingleUntil;         // single steps are taken before this
+    const char* m_pSwept = nullptr;     // start of the sweep whose visits are handed out
+    const char* m_pLastVisit = nullptr; // the last '<' visited in that sweep, wanted or not
+    std::size_t m_nWanted = 0;          // the wanted visits are the sweep's first ones
     std::size_t m_nNextVisit = 0;
     std::size_t m_nSweepBlocks; // length of the next sweep
     TagSweep m_sweep;
