@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 abi windows install single-file docs fuzz coverage bench"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 abi windows install cluster single-file docs fuzz coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -99,6 +99,12 @@ run_stage() {
       tools/need build test install
       build release
       tests/install/run build/release
+      ;;
+    cluster)
+      tools/need build test cluster
+      tools/quietly cmake --preset release
+      tools/quietly cmake --build --preset release --target pageslice_program
+      tests/cluster/run build/release/bin/pageslice
       ;;
     single-file)
       tools/need build test clang python
