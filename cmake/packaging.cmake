@@ -11,6 +11,7 @@ if(TARGET pageslice_program)
 endif()
 install(DIRECTORY include/pageslice DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright) # where Debian looks for it
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/pageslice)
 install(EXPORT pageslice NAMESPACE pageslice:: FILE pageslice-targets.cmake DESTINATION ${package_dir})
