@@ -12,6 +12,8 @@ constexpr std::size_t FIRST_SWEEP_BLOCKS = 4;
 
 } // namespace
 
+// The sweep is large and read only as far as it was written.
+// cppcheck-suppress uninitMemberVar
 TagWalk::TagWalk(const char* pFrom, const text& page, const FirstCharacters& wanted) noexcept
     : m_wanted(wanted), m_pPageEnd(page.m_pEnd == nullptr ? nullptr : page.m_pEnd + 1), m_pFrom(pFrom),
       m_pSingleUntil(pFrom), m_nSweepBlocks(FIRST_SWEEP_BLOCKS) {}
