@@ -28,8 +28,8 @@ run_tests() {
 
 build_and_run_tests() { build "$1"; run_tests "$1"; }
 
-# Prints the share of lines and branches that tests and stored inputs reach, file by file; build/coverage/lines.txt shows
-# every line with its count.
+# Prints the share of lines and branches that tests and stored inputs reach, file by file, and fails when it is low;
+# build/coverage/lines.txt shows every line with its count.
 run_with_coverage() {
   out=build/coverage
   export LLVM_PROFILE_FILE="$PWD/$out/profiles/%m.profraw"
@@ -41,8 +41,11 @@ run_with_coverage() {
   for program in $out/bin/*_inputs $out/bin/pageslice_alloc_tests; do
     set -- "$@" --object "$program"
   done
-  llvm-cov-14 show "$@" src include >$out/lines.txt
-  llvm-cov-14 report --show-region-summary=false "$@" src include
+  # Each warns of the unused copies of inline functions, which have no counts.
+  { llvm-cov-14 show --show-instantiations=false "$@" src include >$out/lines.txt &&
+    llvm-cov-14 export "$@" src include >$out/coverage.json; } 2>$out/warnings.txt ||
+    { cat $out/warnings.txt; exit 1; }
+  tools/coverage $out/lines.txt $out/coverage.json 97
 }
 
 run_stage() {
@@ -123,7 +126,7 @@ run_stage() {
       tools/quietly doxygen docs/Doxyfile
       ;;
     coverage)
-      tools/need build test clang
+      tools/need build test clang python
       run_with_coverage
       ;;
     bench)

@@ -21,7 +21,9 @@ if(PAGESLICE_SANITIZE)
 endif()
 
 if(PAGESLICE_COVERAGE)
-  target_compile_options(pageslice_compiler INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+  # Counted atomically, because some tests run threads.
+  target_compile_options(pageslice_compiler INTERFACE -fprofile-instr-generate -fprofile-update=atomic
+    -fcoverage-mapping)
   target_link_options(pageslice_compiler INTERFACE -fprofile-instr-generate)
 endif()
 
