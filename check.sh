@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")"
 
-stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 abi windows install cluster single-file docs fuzz coverage bench"
+stages="format dev release tidy cppcheck clang asan tsan valgrind linux-x86 abi windows install cluster single-file docs fuzz huge coverage bench"
 
 cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
@@ -116,6 +116,17 @@ run_stage() {
       ;;
     fuzz)
       fuzz/run "${FUZZ_SECONDS:-60}"
+      ;;
+    huge)
+      # The page's text takes 2 GiB, and a copy of it is made.
+      if ! awk '$1 == "MemAvailable:" && $2 > 5000000 { enough = 1 } END { exit !enough }' /proc/meminfo; then
+        echo "huge: not run, for it takes 5 GB of memory"
+        return
+      fi
+      tools/need build test
+      tools/quietly cmake --preset release
+      tools/quietly cmake --build --preset release --target pageslice_huge_tests
+      tools/quietly ctest --test-dir build/release -C huge -L huge --no-tests=error --output-on-failure
       ;;
     docs)
       tools/need build test docs python
