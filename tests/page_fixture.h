@@ -93,10 +93,10 @@ struct Fields : std::string {
 
 private:
     void Add(const char* pName, const text& t, const text& page) {
-        *this += t.IsEmpty() ? "" : (empty() ? "" : " ") + std::string(pName) + "=" + Chars(t, page);
+        *this += t.IsEmpty() ? "" : std::string(empty() ? "" : " ") + pName + "=" + Chars(t, page);
     }
     void Add(const char* pName, int n, int nNotGiven = -1) {
-        *this += n == nNotGiven ? "" : (empty() ? "" : " ") + std::string(pName) + "=" + std::to_string(n);
+        *this += n == nNotGiven ? "" : std::string(empty() ? "" : " ") + pName + "=" + std::to_string(n);
     }
 };
 
