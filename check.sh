@@ -91,12 +91,19 @@ run_stage() {
       tools/need build test
       build dev
       nm -D --defined-only build/dev/libpageslice.so | awk '{ print $3 }' | LC_ALL=C sort -u | diff abi/linux.txt -
+      if nm build/dev/libpageslice.so | grep ' _GLOBAL__'; then
+        echo "The library must not need static initializers" >&2
+        exit 1
+      fi
       ;;
     windows)
-      tools/need build test windows
-      build windows-x86
+      tools/need build test windows python
+      for family in x86 x64; do
+        build windows-$family
+        tests/windows/inspect $family build/windows-$family
+      done
       echo "windows-x86: built; its tests were not run (no 32-bit Wine here)"
-      build_and_run_tests windows-x64
+      run_tests windows-x64
       ;;
     install)
       tools/need build test install

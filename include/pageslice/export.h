@@ -6,10 +6,14 @@
 #if defined(PAGESLICE_STATIC)
 #define PAGESLICE_API
 #elif defined(_WIN32)
-#if defined(PAGESLICE_BUILDING)
+#if !defined(PAGESLICE_BUILDING)
+#define PAGESLICE_API __declspec(dllimport)
+#elif defined(_MSC_VER)
 #define PAGESLICE_API __declspec(dllexport)
 #else
-#define PAGESLICE_API __declspec(dllimport)
+// GCC, once told to export a class with virtual functions, exports the type descriptions of internal classes
+// too. The linker is given the list of exported names instead.
+#define PAGESLICE_API
 #endif
 #else
 #define PAGESLICE_API __attribute__((visibility("default")))

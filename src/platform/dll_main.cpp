@@ -1,5 +1,8 @@
 // The entry point of the Windows library. There is no state to set up or tear down. The file is empty
 // elsewhere, and in the static library, whose host has an entry point of its own.
+//
+// MinGW's run-time library, linked in, keeps thread-local data. Windows declines the call for such a library
+// and goes on to report threads to it; a build whose run-time library is a DLL of its own gets what it asks.
 #if defined(_WIN32) && !defined(PAGESLICE_STATIC)
 
 #define WIN32_LEAN_AND_MEAN
