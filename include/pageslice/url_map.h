@@ -75,8 +75,8 @@ private:
     // The link stands here once more, so that a descent touches this array only.
     struct Node {
         const char* pLink;
-        std::ptrdiff_t nLinkLast; // index of its last character
-        std::uint32_t nPrevious;  // in the order of iteration
+        std::size_t nLinkLength;
+        std::uint32_t nPrevious; // in the order of iteration
         std::uint32_t nNext;
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right

@@ -9,28 +9,34 @@ constexpr std::size_t FIRST_CAPACITY = 16;
 
 enum Side : int { LEFT = 0, RIGHT = 1 };
 
+std::uint64_t nLastWord(const char* p, std::size_t n) noexcept {
+    std::uint64_t nWord = 0;
+    std::memcpy(&nWord, p + n - sizeof nWord, sizeof nWord);
+    return nWord;
+}
+
 // Asks the question of every descent: does the new link differ from another within the length of the
 // shorter one?
 class Comparison {
 public:
-    explicit Comparison(const text& tLink) noexcept
-        : m_pLink(tLink.m_pStart), m_nLast(tLink.m_pEnd - tLink.m_pStart),
-          m_bHasNul(std::memchr(m_pLink, '\0', static_cast<std::size_t>(m_nLast) + 1) != nullptr) {}
+    explicit Comparison(const char* pLink, std::size_t nLength) noexcept
+        : m_pLink(pLink), m_nLength(nLength),
+          m_nByWordFrom(std::memchr(pLink, '\0', nLength) == nullptr ? sizeof(std::uint64_t) : SIZE_MAX) {}
 
-    bool bDiffersFrom(const char* pOther, std::ptrdiff_t nOtherLast) const noexcept {
-        const std::ptrdiff_t nLast = std::min(m_nLast, nOtherLast);
+    bool bDiffersFrom(const char* pOther, std::size_t nOtherLength) const noexcept {
+        const std::size_t nCommon = std::min(m_nLength, nOtherLength);
         // Links of one page begin alike and end differently. A NUL at the same place in both ends the
         // comparison, but without one in the new link there is no such place.
-        if (m_pLink[nLast] != pOther[nLast] && !m_bHasNul) {
+        if (nCommon >= m_nByWordFrom && nLastWord(m_pLink, nCommon) != nLastWord(pOther, nCommon)) {
             return true;
         }
-        return std::strncmp(m_pLink, pOther, static_cast<std::size_t>(nLast) + 1) != 0;
+        return std::strncmp(m_pLink, pOther, nCommon) != 0;
     }
 
 private:
     const char* m_pLink;
-    std::ptrdiff_t m_nLast; // index of the last character
-    bool m_bHasNul;
+    std::size_t m_nLength;
+    std::size_t m_nByWordFrom; // with so many characters in common, the last ones are looked at first
 };
 
 } // namespace
@@ -41,12 +47,15 @@ void UrlMap::Reserve(std::size_t nEntries) {
 }
 
 void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
-    const Comparison newLink(anchor.m_urlHref);
+    const char* const pLink = anchor.m_urlHref.m_pStart;
+    const auto nLength = static_cast<std::size_t>(anchor.m_urlHref.m_pEnd - pLink) + 1;
+    const Comparison newLink(pLink, nLength);
+    const Node* const pNodes = m_nodes.data();
     std::uint32_t nParent = NO_NODE;
     int nSide = LEFT;
-    for (std::uint32_t n = m_nRoot; n != NO_NODE; n = m_nodes[n].nChild[nSide]) {
+    for (std::uint32_t n = m_nRoot; n != NO_NODE; n = pNodes[n].nChild[nSide]) {
         nParent = n;
-        nSide = newLink.bDiffersFrom(m_nodes[n].pLink, m_nodes[n].nLinkLast) ? LEFT : RIGHT;
+        nSide = newLink.bDiffersFrom(pNodes[n].pLink, pNodes[n].nLinkLength) ? LEFT : RIGHT;
     }
 
     const auto nNew = static_cast<std::uint32_t>(m_entries.size());
@@ -55,9 +64,7 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
         Reserve(std::max(FIRST_CAPACITY, 2 * m_nodes.size()));
     }
     m_entries.emplace_back(anchor, tLinkText);
-    const url& link = anchor.m_urlHref;
-    m_nodes.push_back(
-        {link.m_pStart, link.m_pEnd - link.m_pStart, NO_NODE, NO_NODE, nParent, {NO_NODE, NO_NODE}, true});
+    m_nodes.push_back({pLink, nLength, NO_NODE, NO_NODE, nParent, {NO_NODE, NO_NODE}, true});
     Attach(nNew, nParent, nSide);
     Rebalance(nNew);
 }

@@ -83,6 +83,8 @@ public:
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p) + 1, _mm256_setzero_si256());
     }
 
+    static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
+
 private:
     static std::uint64_t nMask(__m256i low, __m256i high) noexcept {
         const auto nLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(low));

@@ -61,6 +61,8 @@ public:
 
     static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
 
+    static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
+
 private:
     __m512i m_bytes;
 };
