@@ -11,7 +11,7 @@ const char* ImageWalk::pNext(tag_img& record) noexcept {
     }
     const char* const pPageEnd = m_page.m_pEnd + 1;
     while (m_pFrom < pPageEnd) {
-        const char* const pOpen = Scan().FindVisit(m_pFrom, pPageEnd, 'i', m_state);
+        const char* const pOpen = Scan().FindImage(m_pFrom, pPageEnd, m_state);
         if (pOpen == nullptr) {
             return nullptr;
         }

@@ -36,4 +36,12 @@ inline std::uint64_t nParity(std::uint64_t n) noexcept {
     return n;
 }
 
+// The sum of all three; nCarry is 0 or 1, before and after.
+inline std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64_t& nCarry) noexcept {
+    const std::uint64_t nPartial = a + b;
+    const std::uint64_t nSum = nPartial + nCarry;
+    nCarry = (nPartial < a ? 1 : 0) | (nSum < nPartial ? 1 : 0);
+    return nSum;
+}
+
 #endif

@@ -25,6 +25,12 @@ unsigned nCountBits(std::uint64_t n) noexcept {
     return static_cast<unsigned>(_mm_popcnt_u64(n));
 }
 
+std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64_t& nCarry) noexcept {
+    unsigned long long nSum = 0;
+    nCarry = _addcarry_u64(static_cast<unsigned char>(nCarry), a, b, &nSum);
+    return nSum;
+}
+
 // A carry-less product with all ones adds, at each bit, all bits up to it.
 std::uint64_t nParity(std::uint64_t n) noexcept {
     const __m128i product =
@@ -32,21 +38,23 @@ std::uint64_t nParity(std::uint64_t n) noexcept {
     return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
 }
 
-// For each choice among eight bytes, the indices of the chosen ones, first index in the lowest bits.
-constexpr std::array<std::uint64_t, 256> MakeKeptFirst() noexcept {
+// For each choice among eight bytes that stand at nFirst in a register, the indices of the chosen ones, first
+// index in the lowest bits.
+constexpr std::array<std::uint64_t, 256> MakeKeptFirst(unsigned nFirst) noexcept {
     std::array<std::uint64_t, 256> orders{};
     for (unsigned nKeep = 0; nKeep < orders.size(); ++nKeep) {
         unsigned nKept = 0;
         for (unsigned i = 0; i < 8; ++i) {
             if ((nKeep >> i & 1) != 0) {
-                orders[nKeep] |= std::uint64_t{i} << (8 * nKept++);
+                orders[nKeep] |= std::uint64_t{nFirst + i} << (8 * nKept++);
             }
         }
     }
     return orders;
 }
 
-constexpr std::array<std::uint64_t, 256> KEPT_FIRST = MakeKeptFirst();
+constexpr std::array<std::uint64_t, 256> KEPT_OF_LOW_HALF = MakeKeptFirst(0);
+constexpr std::array<std::uint64_t, 256> KEPT_OF_HIGH_HALF = MakeKeptFirst(8);
 
 class Block {
 public:
@@ -62,20 +70,24 @@ public:
     // Each of the four looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept { return nMask(Blanks(m_low), Blanks(m_high)); }
 
-    // Eight bytes at a time, through a table. No branch hangs on the page: how text and tags follow each
+    // No branch hangs on the page: how text and tags follow each
     // other within a block is hard to foretell.
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
         const __m256i space = _mm256_set1_epi8(' ');
         const __m256i low = _mm256_blendv_epi8(m_low, space, Blanks(m_low));
         const __m256i high = _mm256_blendv_epi8(m_high, space, Blanks(m_high));
-        pOut = pSqueeze16(_mm256_castsi256_si128(low), nKeep, pOut);
-        pOut = pSqueeze16(_mm256_extracti128_si256(low, 1), nKeep >> 16, pOut);
-        pOut = pSqueeze16(_mm256_castsi256_si128(high), nKeep >> 32, pOut);
-        return pSqueeze16(_mm256_extracti128_si256(high, 1), nKeep >> 48, pOut);
+        pOut = pSqueeze32(low, static_cast<std::uint32_t>(nKeep), pOut);
+        return pSqueeze32(high, static_cast<std::uint32_t>(nKeep >> 32), pOut);
     }
 
-    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
-        return nMask(OpensOfHalf(p, cInitial), OpensOfHalf(p + sizeof(__m256i), cInitial));
+    static std::uint64_t ImageOpens(const char* p) noexcept {
+        return nMask(ImageOpensOfHalf(p), ImageOpensOfHalf(p + sizeof(__m256i)));
+    }
+
+    static bool bHasImageOpens(const char* p) noexcept {
+        const __m256i low = ImageOpensOfHalf(p);
+        const __m256i high = ImageOpensOfHalf(p + sizeof(__m256i));
+        return _mm256_movemask_epi8(_mm256_or_si256(low, high)) != 0;
     }
 
     static void Clear(char* p) noexcept {
@@ -99,31 +111,58 @@ private:
         return _mm256_cmpeq_epi8(bytes, _mm256_shuffle_epi8(table, bytes));
     }
 
-    // Without the bit that tells small letters from capitals, a space is 0.
-    static __m256i OpensOfHalf(const char* p, char cInitial) noexcept {
+    // Without the bit that tells small letters from capitals, a space is 0. As above, both that may follow
+    // look themselves up by their lower half; what stands in for the others has that bit.
+    static __m256i ImageOpensOfHalf(const char* p) noexcept {
+        const __m256i table =
+            _mm256_setr_epi8(0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1, //
+                             0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1);
         const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
         const __m256i behind = _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 1)),
                                                 _mm256_set1_epi8(static_cast<char>(0xDF)));
-        const __m256i capital = _mm256_set1_epi8(static_cast<char>(cInitial - 0x20));
         return _mm256_and_si256(_mm256_cmpeq_epi8(bytes, _mm256_set1_epi8('<')),
-                                _mm256_or_si256(_mm256_cmpeq_epi8(behind, capital),
-                                                _mm256_cmpeq_epi8(behind, _mm256_setzero_si256())));
+                                _mm256_cmpeq_epi8(behind, _mm256_shuffle_epi8(table, behind)));
     }
 
-    // Squeezes by the 16 lowest bits.
-    static char* pSqueeze16(__m128i bytes, std::uint64_t nKeep, char* pOut) noexcept {
-        pOut = pSqueeze8(bytes, nKeep & 0xFF, pOut);
-        return pSqueeze8(_mm_unpackhi_epi64(bytes, bytes), nKeep >> 8 & 0xFF, pOut);
+    static char* pSqueeze32(__m256i bytes, std::uint32_t nKeep, char* pOut) noexcept {
+        pOut = pSqueeze16(_mm256_castsi256_si128(bytes), nKeep & 0xFF, nKeep >> 8 & 0xFF, pOut);
+        return pSqueeze16(_mm256_extracti128_si256(bytes, 1), nKeep >> 16 & 0xFF, nKeep >> 24, pOut);
     }
 
-    static char* pSqueeze8(__m128i bytes, std::uint64_t nKeep, char* pOut) noexcept {
-        const __m128i order = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(&KEPT_FIRST[nKeep]));
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(pOut), _mm_shuffle_epi8(bytes, order));
-        return pOut + _mm_popcnt_u64(nKeep);
+    // Squeezes each half through a table.
+    static char* pSqueeze16(__m128i bytes, std::uint64_t nLow, std::uint64_t nHigh, char* pOut) noexcept {
+        const __m128i order = _mm_set_epi64x(static_cast<long long>(KEPT_OF_HIGH_HALF[nHigh]),
+                                             static_cast<long long>(KEPT_OF_LOW_HALF[nLow]));
+        const __m128i squeezed = _mm_shuffle_epi8(bytes, order);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pOut), squeezed);
+        pOut += _mm_popcnt_u64(nLow);
+        _mm_storeh_pd(reinterpret_cast<double*>(pOut), _mm_castsi128_pd(squeezed));
+        return pOut + _mm_popcnt_u64(nHigh);
     }
 
     __m256i m_low;
     __m256i m_high;
+};
+
+// Which comparisons were true an odd number of times, byte by byte: a mask is made at the end only.
+class QuoteCount {
+public:
+    QuoteCount() noexcept : m_flips(_mm256_setzero_si256()) {}
+    void Add(const char* p) noexcept {
+        const auto* const pHalves = reinterpret_cast<const __m256i*>(p);
+        m_flips = _mm256_xor_si256(m_flips, Quotes(pHalves));
+        m_flips = _mm256_xor_si256(m_flips, Quotes(pHalves + 1));
+    }
+    bool bOdd() const noexcept {
+        return _mm_popcnt_u32(static_cast<unsigned>(_mm256_movemask_epi8(m_flips))) % 2 != 0;
+    }
+
+private:
+    static __m256i Quotes(const __m256i* p) noexcept {
+        return _mm256_cmpeq_epi8(_mm256_loadu_si256(p), _mm256_set1_epi8('"'));
+    }
+
+    __m256i m_flips;
 };
 
 #include "scan/piece_avx2.inc"
@@ -134,7 +173,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = {"avx2",
                                    MarkTags,
-                                   FindVisit,
+                                   FindImage,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

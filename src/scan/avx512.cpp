@@ -23,6 +23,12 @@ unsigned nCountBits(std::uint64_t n) noexcept {
     return static_cast<unsigned>(_mm_popcnt_u64(n));
 }
 
+std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64_t& nCarry) noexcept {
+    unsigned long long nSum = 0;
+    nCarry = _addcarry_u64(static_cast<unsigned char>(nCarry), a, b, &nSum);
+    return nSum;
+}
+
 std::uint64_t nParity(std::uint64_t n) noexcept {
     const __m128i product =
         _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
@@ -51,13 +57,15 @@ public:
     }
 
     // Without the bit that tells small letters from capitals, a space is 0.
-    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+    static std::uint64_t ImageOpens(const char* p) noexcept {
         const __m512i behind =
             _mm512_and_si512(_mm512_loadu_si512(p + 1), _mm512_set1_epi8(static_cast<char>(0xDF)));
-        const __m512i capital = _mm512_set1_epi8(static_cast<char>(cInitial - 0x20));
+        const __m512i capital = _mm512_set1_epi8('I');
         return Block(p).Equal('<') &
                (_mm512_cmpeq_epi8_mask(behind, capital) | _mm512_testn_epi8_mask(behind, behind));
     }
+
+    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
 
     static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
 
@@ -69,13 +77,15 @@ private:
 
 #include "scan/piece_avx2.inc"
 
+#include "scan/quote_count.inc"
+
 #include "scan/kernels.inc"
 
 } // namespace
 
 const ScanPrimitives PRIMITIVES = {"avx512",
                                    MarkTags,
-                                   FindVisit,
+                                   FindImage,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

@@ -44,15 +44,16 @@ public:
         return pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
     }
 
-    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+    static std::uint64_t ImageOpens(const char* p) noexcept {
         const std::uint64_t nOpens = Block(p).Equal('<');
         if (nOpens == 0) {
             return 0;
         }
         const Block behind(p + 1);
-        return nOpens & (behind.Equal(cInitial) | behind.Equal(static_cast<char>(cInitial - 0x20)) |
-                         behind.Equal(' '));
+        return nOpens & (behind.Equal('i') | behind.Equal('I') | behind.Equal(' '));
     }
+
+    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
 
     static void Clear(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
 
@@ -82,6 +83,8 @@ struct Piece {
     char m_c;
 };
 
+#include "scan/quote_count.inc"
+
 #include "scan/kernels.inc"
 
 } // namespace
@@ -107,7 +110,7 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
 
 const ScanPrimitives PRIMITIVES = {"portable",
                                    MarkTags,
-                                   FindVisit,
+                                   FindImage,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,

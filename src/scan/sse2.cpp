@@ -37,15 +37,16 @@ public:
         return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
     }
 
-    static std::uint64_t Opens(const char* p, char cInitial) noexcept {
+    static std::uint64_t ImageOpens(const char* p) noexcept {
         const std::uint64_t nOpens = Block(p).Equal('<');
         if (nOpens == 0) {
             return 0;
         }
         const Block behind(p + 1);
-        return nOpens & (behind.Equal(cInitial) | behind.Equal(static_cast<char>(cInitial - 0x20)) |
-                         behind.Equal(' '));
+        return nOpens & (behind.Equal('i') | behind.Equal('I') | behind.Equal(' '));
     }
+
+    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
 
     static void Clear(char* p) noexcept {
         for (int i = 0; i < PIECES; ++i) {
@@ -60,6 +61,24 @@ private:
 
     const char* m_p;
     __m128i m_pieces[PIECES];
+};
+
+// Which comparisons were true an odd number of times, byte by byte: masks are made at the end only.
+class QuoteCount {
+public:
+    QuoteCount() noexcept : m_flips(_mm_setzero_si128()) {}
+    void Add(const char* p) noexcept {
+        for (std::size_t i = 0; i < SCAN_BLOCK; i += sizeof m_flips) {
+            const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+            m_flips = _mm_xor_si128(m_flips, _mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')));
+        }
+    }
+    bool bOdd() const noexcept {
+        return nCountBits(static_cast<std::uint64_t>(_mm_movemask_epi8(m_flips))) % 2 != 0;
+    }
+
+private:
+    __m128i m_flips;
 };
 
 class Piece {
@@ -95,7 +114,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = {"sse2",
                                    MarkTags,
-                                   FindVisit,
+                                   FindImage,
                                    SqueezeMarkup,
                                    Clear,
                                    FindTagEnd,
