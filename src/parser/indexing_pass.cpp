@@ -58,8 +58,8 @@ public:
 private:
     bool bHandleTag(const TagAt& tag);
     template <class Record>
-    bool bParse(Record& record, const char* pAttributes) noexcept;
-    void BeginBehindStep(text& tCapture) noexcept;
+    const char* pParse(Record& record, const char* pAttributes) noexcept;
+    static bool bBeginBehind(const char* pTagEnd, text& tCapture) noexcept;
     text tCaptured(const text& tCapture) const noexcept;
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;
 
@@ -103,32 +103,21 @@ void IndexingPass::Run() {
 bool IndexingPass::bHandleTag(const TagAt& tag) {
     switch (tag.nCode) {
     case TAG_A:
-        if (!bParse(m_tagAnchor, tag.pName + 1)) {
-            return false;
-        }
         m_bInAnchor = true;
-        BeginBehindStep(m_tAnchorText);
-        return true;
-    case TAG_TABLE: return bParse(m_index.tagTable, tag.pName + 5);
-    case TAG_TD:
-        if (!bParse(m_index.tagTd, tag.pName + 2)) {
-            return false;
-        }
-        BeginBehindStep(m_tCellText);
-        return true;
-    case TAG_TH: return bParse(m_tagThScratch, tag.pName + 2);
-    case TAG_TR: return bParse(m_index.tagTr, tag.pName + 2);
+        return bBeginBehind(pParse(m_tagAnchor, tag.pName + 1), m_tAnchorText);
+    case TAG_TABLE: return pParse(m_index.tagTable, tag.pName + 5) != nullptr;
+    case TAG_TD: return bBeginBehind(pParse(m_index.tagTd, tag.pName + 2), m_tCellText);
+    case TAG_TH: return pParse(m_tagThScratch, tag.pName + 2) != nullptr;
+    case TAG_TR: return pParse(m_index.tagTr, tag.pName + 2) != nullptr;
     case TAG_LI:
         if (m_tListItem.m_pStart == nullptr) {
-            BeginBehindStep(m_tListItem);
-        } else {
-            CloseListItem(); // and the text behind this tag is not captured
+            return bBeginBehind(m_walk.pStepEnd(), m_tListItem);
         }
+        CloseListItem(); // and the text behind this tag is not captured
         return true;
     case TAG_TITLE:
         m_bInTitle = true;
-        BeginBehindStep(m_tTitleText);
-        return true;
+        return bBeginBehind(m_walk.pStepEnd(), m_tTitleText);
     case TAG_END_TITLE: CloseTitle(); return true;
     case TAG_END_A: CloseAnchor(); return true;
     case TAG_END_TD: CloseCell(); return true;
@@ -153,19 +142,20 @@ bool IndexingPass::bHandleTag(const TagAt& tag) {
     }
 }
 
-// Reads the tag's attributes; the step then ends at the first '>' behind them. False when the page ends
-// inside the tag.
+// Reads the tag's attributes; the step then ends at the first '>' behind them, which this gives. Null when the
+// page ends inside the tag.
 template <class Record>
-bool IndexingPass::bParse(Record& record, const char* pAttributes) noexcept {
+const char* IndexingPass::pParse(Record& record, const char* pAttributes) noexcept {
     const char* const pStopped = record.pParse(pAttributes, m_page);
     const char* const pEnd = pFindTagEnd(pStopped, m_page);
     m_walk.ContinueBehind(pEnd);
-    return pEnd != nullptr;
+    return pEnd;
 }
 
-void IndexingPass::BeginBehindStep(text& tCapture) noexcept {
-    const char* const pEnd = m_walk.pStepEnd();
-    tCapture.m_pStart = pEnd == nullptr ? nullptr : pEnd + 1;
+// False when there is no such end of a tag.
+bool IndexingPass::bBeginBehind(const char* pTagEnd, text& tCapture) noexcept {
+    tCapture.m_pStart = pTagEnd == nullptr ? nullptr : pTagEnd + 1;
+    return pTagEnd != nullptr;
 }
 
 // The capture up to the tag at hand; empty when nothing stands between.

@@ -11,19 +11,6 @@ namespace {
 
 constexpr int LONGEST_TAG_WORD = 6;
 
-// With what ends them.
-constexpr WordTable<34> TAG_WORDS({
-    {"a ", TAG_A},         {"a>", TAG_A},         {"img ", TAG_IMG},       {"img>", TAG_IMG},
-    {"table ", TAG_TABLE}, {"table>", TAG_TABLE}, {"td ", TAG_TD},         {"td>", TAG_TD},
-    {"th ", TAG_TH},       {"th>", TAG_TH},       {"tr ", TAG_TR},         {"tr>", TAG_TR},
-    {"ul ", TAG_UL},       {"ul>", TAG_UL},       {"ol ", TAG_OL},         {"ol>", TAG_OL},
-    {"li ", TAG_LI},       {"li>", TAG_LI},       {"meta ", TAG_META},     {"meta>", TAG_META},
-    {"br ", TAG_BR},       {"br>", TAG_BR},       {"hr ", TAG_HR},         {"hr>", TAG_HR},
-    {"p ", TAG_P},         {"p>", TAG_P},         {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
-    {"pre ", TAG_PRE},     {"pre>", TAG_PRE},     {"title ", TAG_TITLE},   {"title>", TAG_TITLE},
-    {"html ", TAG_HTML},   {"html>", TAG_HTML},
-});
-
 // The one word that is not made of letters.
 constexpr int COMMENT_LENGTH = 3;
 constexpr std::uint64_t COMMENT_WORD = '!' | '-' << 8 | '-' << 16;
@@ -62,19 +49,6 @@ int nGetWordCode(const text& tWord) noexcept {
         return TAG_COMMENT;
     }
     return TAG_WORDS.nFind(nWord | std::uint64_t{' '} << (8 * n), TAG_UNKNOWN);
-}
-
-TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
-    const char* pName = pOpen + 1;
-    while (pName < pPageEnd && *pName == ' ') {
-        ++pName;
-    }
-    std::uint64_t nName = nLoadWord(pName, static_cast<std::size_t>(pPageEnd - pName));
-    const bool bClosing = (nName & 0xFF) == '/';
-    nName >>= bClosing ? 8 : 0;
-    // The longest known word, a '/' before it and what ends it are as long as these bytes.
-    const std::uint64_t nWord = nUpToNoLetter(nName);
-    return {pName, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + (bClosing ? TAG_END_OFFSET : 0)};
 }
 
 text HtmlParser::tFindNextTagName(const char* p) const noexcept {

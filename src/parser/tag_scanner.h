@@ -2,7 +2,11 @@
 #ifndef PAGESLICE_PARSER_TAG_SCANNER_H
 #define PAGESLICE_PARSER_TAG_SCANNER_H
 
-#include "pageslice/text.h"
+#include <cstddef>
+#include <cstdint>
+
+#include "pageslice/html_parser.h"
+#include "text/word_table.h"
 
 // The name of the tag whose '<' stands at pOpen; empty when the page ends before the name does.
 text tGetTagName(const char* pOpen, const text& page) noexcept;
@@ -19,6 +23,31 @@ struct TagAt {
     const char* pName;
     int nCode;
 };
-TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept;
+
+// With what ends them.
+inline constexpr WordTable<34> TAG_WORDS({
+    {"a ", TAG_A},         {"a>", TAG_A},         {"img ", TAG_IMG},       {"img>", TAG_IMG},
+    {"table ", TAG_TABLE}, {"table>", TAG_TABLE}, {"td ", TAG_TD},         {"td>", TAG_TD},
+    {"th ", TAG_TH},       {"th>", TAG_TH},       {"tr ", TAG_TR},         {"tr>", TAG_TR},
+    {"ul ", TAG_UL},       {"ul>", TAG_UL},       {"ol ", TAG_OL},         {"ol>", TAG_OL},
+    {"li ", TAG_LI},       {"li>", TAG_LI},       {"meta ", TAG_META},     {"meta>", TAG_META},
+    {"br ", TAG_BR},       {"br>", TAG_BR},       {"hr ", TAG_HR},         {"hr>", TAG_HR},
+    {"p ", TAG_P},         {"p>", TAG_P},         {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
+    {"pre ", TAG_PRE},     {"pre>", TAG_PRE},     {"title ", TAG_TITLE},   {"title>", TAG_TITLE},
+    {"html ", TAG_HTML},   {"html>", TAG_HTML},
+});
+
+
+inline TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
+    const char* pName = pOpen + 1;
+    while (pName < pPageEnd && *pName == ' ') {
+        ++pName;
+    }
+    const int nSlashes = pName < pPageEnd && *pName == '/' ? 1 : 0;
+    const char* const pWord = pName + nSlashes;
+    // The longest known word and what ends it are as long as these bytes.
+    const std::uint64_t nWord = nUpToNoLetter(nLoadWord(pWord, static_cast<std::size_t>(pPageEnd - pWord)));
+    return {pName, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + nSlashes * TAG_END_OFFSET};
+}
 
 #endif

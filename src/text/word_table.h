@@ -34,8 +34,8 @@ constexpr std::uint64_t nFirstBytes(std::uint64_t nWord, std::size_t n) noexcept
 // The bytes of a word up to and including the first that has not the letters' bit.
 constexpr std::uint64_t nUpToNoLetter(std::uint64_t nWord) noexcept {
     const std::uint64_t nEnds = ~nWord & WORD_LETTER_BITS;
-    const std::uint64_t nFirstEnd = nEnds & (0 - nEnds);
-    return nWord & ((nFirstEnd << 2) - 1);
+    const std::uint64_t nUpToEnd = nEnds ^ (nEnds - 1); // but for that byte's highest bit
+    return nWord & (nUpToEnd << 1 | 1);
 }
 
 // Codes of N keywords of small letters, which may end in a character without the letters' bit. They are
