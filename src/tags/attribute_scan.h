@@ -3,9 +3,13 @@
 #ifndef PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
 #define PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
 
-#include "pageslice/text.h"
+#include <cstddef>
+#include <cstdint>
+
+#include "pageslice/records.h"
 #include "scan/byte_classes.h"
 #include "scan/primitives.h"
+#include "text/word_table.h"
 
 inline const char* pSkipClass(const char* p, const char* pPageEnd, ByteClass byteClass) noexcept {
     while (p < pPageEnd && bIsOfClass(*p, byteClass)) {
@@ -27,8 +31,38 @@ inline const char* pFindLastOfName(const char* p, const char* pPageEnd) noexcept
     return pEnd == p ? p : pEnd - 1;
 }
 
-// The attribute code of the name from p to pLast.
-int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept;
+// Words are closed by what mostly stands behind them, so that NULs behind a word do not pass for the zeros behind
+// a shorter one.
+inline constexpr char WORD_MARK = '=';
+
+inline constexpr WordTable<20>
+    ATTRIBUTE_WORDS({{"src=", ATTR_SRC},         {"lowsrc=", ATTR_LOWSRC},  {"alt=", ATTR_ALT},
+                     {"align=", ATTR_ALIGN},     {"height=", ATTR_HEIGHT},  {"width=", ATTR_WIDTH},
+                     {"border=", ATTR_BORDER},   {"hspace=", ATTR_HSPACE},  {"vspace=", ATTR_VSPACE},
+                     {"usemap=", ATTR_USEMAP},   {"ismap=", ATTR_ISMAP},    {"name=", ATTR_NAME},
+                     {"href=", ATTR_HREF},       {"rel=", ATTR_REL},        {"rev=", ATTR_REV},
+                     {"title=", ATTR_TITLE},     {"valign=", ATTR_VALIGN},  {"nowrap=", ATTR_NOWRAP},
+                     {"rowspan=", ATTR_ROWSPAN}, {"colspan=", ATTR_COLSPAN}});
+
+// A name's last character, as above, and its attribute code.
+struct NameAt {
+    const char* pLast;
+    int nCode;
+};
+NameAt ReadAnyName(const char* p, const char* pPageEnd) noexcept;
+
+// The name that starts at p. Nearly every one is of up to seven letters and ends at '=': those are read as one
+// word.
+inline NameAt ReadName(const char* p, const char* pPageEnd) noexcept {
+    if (pPageEnd - p >= static_cast<std::ptrdiff_t>(WORD_SIZE)) {
+        const std::uint64_t nWord = nLoadWord(p, WORD_SIZE);
+        const std::size_t n = nCountLetters(nWord);
+        if (n > 0 && p[n] == WORD_MARK) {
+            return {p + n - 1, ATTRIBUTE_WORDS.nFind(nUpToNoLetter(nWord), ATTR_UNKNOWN)};
+        }
+    }
+    return ReadAnyName(p, pPageEnd);
+}
 
 // See tag::pGetAttributeValue.
 inline const char* pScanValue(const char* p, const char* pPageEnd, text& value) noexcept {

@@ -3,27 +3,14 @@
 
 #include "pageslice/records.h"
 #include "tags/attribute_scan.h"
-#include "text/word_table.h"
 
 namespace {
 
 constexpr int LONGEST_NAME = 7;
 
-// Closed by a mark, so that NULs behind a word do not pass for the zeros behind a shorter one.
-constexpr std::uint64_t WORD_MARK = 1;
-
-constexpr WordTable<20>
-    ATTRIBUTE_WORDS({{"src\1", ATTR_SRC},         {"lowsrc\1", ATTR_LOWSRC},  {"alt\1", ATTR_ALT},
-                     {"align\1", ATTR_ALIGN},     {"height\1", ATTR_HEIGHT},  {"width\1", ATTR_WIDTH},
-                     {"border\1", ATTR_BORDER},   {"hspace\1", ATTR_HSPACE},  {"vspace\1", ATTR_VSPACE},
-                     {"usemap\1", ATTR_USEMAP},   {"ismap\1", ATTR_ISMAP},    {"name\1", ATTR_NAME},
-                     {"href\1", ATTR_HREF},       {"rel\1", ATTR_REL},        {"rev\1", ATTR_REV},
-                     {"title\1", ATTR_TITLE},     {"valign\1", ATTR_VALIGN},  {"nowrap\1", ATTR_NOWRAP},
-                     {"rowspan\1", ATTR_ROWSPAN}, {"colspan\1", ATTR_COLSPAN}});
-
 } // namespace
 
-int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept {
+static int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept {
     const std::ptrdiff_t n = pLast - p + 1;
     if (n == 1 && *p == '>') {
         return ATTR_TAG_END;
@@ -32,8 +19,13 @@ int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcep
         return ATTR_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
-    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)) | WORD_MARK << (8 * n),
+    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)) | std::uint64_t{WORD_MARK} << (8 * n),
                                  ATTR_UNKNOWN);
+}
+
+NameAt ReadAnyName(const char* p, const char* pPageEnd) noexcept {
+    const char* const pLast = pFindLastOfName(p, pPageEnd);
+    return {pLast, pLast == nullptr ? ATTR_NONE : nGetNameCode(p, pLast, pPageEnd)};
 }
 
 text tag::tGetAttributeName(const char* p, const text& page) const noexcept {

@@ -24,20 +24,19 @@ const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesV
         if (pName < pPageEnd && *pName == '>') {
             return q;
         }
-        const char* const pLast = pFindLastOfName(pName, pPageEnd);
-        if (pLast == nullptr) {
+        const NameAt name = ReadName(pName, pPageEnd);
+        if (name.pLast == nullptr) {
             return q;
         }
-        const int nCode = nGetNameCode(pName, pLast, pPageEnd);
-        q = pLast + 1;
-        if (!bTakesValue(nCode)) {
-            store(nCode, text());
+        q = name.pLast + 1;
+        if (!bTakesValue(name.nCode)) {
+            store(name.nCode, text());
             continue;
         }
         text value;
         q = pScanValue(q, pPageEnd, value);
         if (value.m_pStart != nullptr) {
-            store(nCode, value);
+            store(name.nCode, value);
         }
         if (q == nullptr) {
             return nullptr;

@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/bits.h"
+
 constexpr std::size_t WORD_SIZE = 8;
 constexpr std::uint64_t WORD_EACH_BYTE = 0x0101010101010101;
 constexpr std::uint64_t WORD_LETTER_BITS = WORD_EACH_BYTE * 0x40; // set in every ASCII letter
@@ -36,6 +38,11 @@ constexpr std::uint64_t nUpToNoLetter(std::uint64_t nWord) noexcept {
     const std::uint64_t nEnds = ~nWord & WORD_LETTER_BITS;
     const std::uint64_t nUpToEnd = nEnds ^ (nEnds - 1); // but for that byte's highest bit
     return nWord & (nUpToEnd << 1 | 1);
+}
+
+// How many bytes stand before the first that has not the letters' bit; at most seven, which may be too few.
+inline std::size_t nCountLetters(std::uint64_t nWord) noexcept {
+    return nLowestBitOrAny(~nWord & WORD_LETTER_BITS) / 8;
 }
 
 // Codes of N keywords of small letters, which may end in a character without the letters' bit. They are
