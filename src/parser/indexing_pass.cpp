@@ -102,9 +102,7 @@ void IndexingPass::Run() {
 // What each tag does. False ends the pass.
 bool IndexingPass::bHandleTag(const TagAt& tag) {
     switch (tag.nCode) {
-    case TAG_A:
-        m_bInAnchor = true;
-        return bBeginBehind(pParse(m_tagAnchor, tag.pName + 1), m_tAnchorText);
+    case TAG_A: m_bInAnchor = true; return bBeginBehind(pParse(m_tagAnchor, tag.pName + 1), m_tAnchorText);
     case TAG_TABLE: return pParse(m_index.tagTable, tag.pName + 5) != nullptr;
     case TAG_TD: return bBeginBehind(pParse(m_index.tagTd, tag.pName + 2), m_tCellText);
     case TAG_TH: return pParse(m_tagThScratch, tag.pName + 2) != nullptr;
@@ -115,9 +113,7 @@ bool IndexingPass::bHandleTag(const TagAt& tag) {
         }
         CloseListItem(); // and the text behind this tag is not captured
         return true;
-    case TAG_TITLE:
-        m_bInTitle = true;
-        return bBeginBehind(m_walk.pStepEnd(), m_tTitleText);
+    case TAG_TITLE: m_bInTitle = true; return bBeginBehind(m_walk.pStepEnd(), m_tTitleText);
     case TAG_END_TITLE: CloseTitle(); return true;
     case TAG_END_A: CloseAnchor(); return true;
     case TAG_END_TD: CloseCell(); return true;
@@ -142,8 +138,8 @@ bool IndexingPass::bHandleTag(const TagAt& tag) {
     }
 }
 
-// Reads the tag's attributes; the step then ends at the first '>' behind them, which this gives. Null when the
-// page ends inside the tag.
+// Reads the tag's attributes; the step then ends at the first '>' behind them, which this gives. Null when
+// the page ends inside the tag.
 template <class Record>
 const char* IndexingPass::pParse(Record& record, const char* pAttributes) noexcept {
     const char* const pStopped = record.pParse(pAttributes, m_page);

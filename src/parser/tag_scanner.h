@@ -37,7 +37,6 @@ inline constexpr WordTable<34> TAG_WORDS({
     {"html ", TAG_HTML},   {"html>", TAG_HTML},
 });
 
-
 inline TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
     const char* pName = pOpen + 1;
     while (pName < pPageEnd && *pName == ' ') {

@@ -53,9 +53,16 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
     const Node* const pNodes = m_nodes.data();
     std::uint32_t nParent = NO_NODE;
     int nSide = LEFT;
-    for (std::uint32_t n = m_nRoot; n != NO_NODE; n = pNodes[n].nChild[nSide]) {
+    for (std::uint32_t n = m_nRoot; n != NO_NODE;) {
         nParent = n;
-        nSide = newLink.bDiffersFrom(pNodes[n].pLink, pNodes[n].nLinkLength) ? LEFT : RIGHT;
+        const Node& node = pNodes[n];
+        if (newLink.bDiffersFrom(node.pLink, node.nLinkLength)) {
+            nSide = LEFT;
+            n = node.nChild[LEFT];
+        } else {
+            nSide = RIGHT;
+            n = node.nChild[RIGHT];
+        }
     }
 
     const auto nNew = static_cast<std::uint32_t>(m_entries.size());

@@ -31,8 +31,8 @@ inline const char* pFindLastOfName(const char* p, const char* pPageEnd) noexcept
     return pEnd == p ? p : pEnd - 1;
 }
 
-// Words are closed by what mostly stands behind them, so that NULs behind a word do not pass for the zeros behind
-// a shorter one.
+// Words are closed by what mostly stands behind them, so that NULs behind a word do not pass for the zeros
+// behind a shorter one.
 inline constexpr char WORD_MARK = '=';
 
 inline constexpr WordTable<20>
@@ -51,8 +51,8 @@ struct NameAt {
 };
 NameAt ReadAnyName(const char* p, const char* pPageEnd) noexcept;
 
-// The name that starts at p. Nearly every one is of up to seven letters and ends at '=': those are read as one
-// word.
+// The name that starts at p. Nearly every one is of up to seven letters and ends at '=': those are read as
+// one word.
 inline NameAt ReadName(const char* p, const char* pPageEnd) noexcept {
     if (pPageEnd - p >= static_cast<std::ptrdiff_t>(WORD_SIZE)) {
         const std::uint64_t nWord = nLoadWord(p, WORD_SIZE);

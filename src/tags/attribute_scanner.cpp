@@ -19,8 +19,8 @@ static int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) 
         return ATTR_UNKNOWN;
     }
     const std::uint64_t nWord = nLoadWord(p, static_cast<std::size_t>(pPageEnd - p));
-    return ATTRIBUTE_WORDS.nFind(nFirstBytes(nWord, static_cast<std::size_t>(n)) | std::uint64_t{WORD_MARK} << (8 * n),
-                                 ATTR_UNKNOWN);
+    return ATTRIBUTE_WORDS.nFind(
+        nFirstBytes(nWord, static_cast<std::size_t>(n)) | std::uint64_t{WORD_MARK} << (8 * n), ATTR_UNKNOWN);
 }
 
 NameAt ReadAnyName(const char* p, const char* pPageEnd) noexcept {
