@@ -136,7 +136,7 @@ private:
         const __m128i squeezed = _mm_shuffle_epi8(bytes, order);
         _mm_storel_epi64(reinterpret_cast<__m128i*>(pOut), squeezed);
         pOut += _mm_popcnt_u64(nLow);
-        _mm_storeh_pd(reinterpret_cast<double*>(pOut), _mm_castsi128_pd(squeezed));
+        _mm_storeh_pi(reinterpret_cast<__m64*>(pOut), _mm_castsi128_ps(squeezed));
         return pOut + _mm_popcnt_u64(nHigh);
     }
 
