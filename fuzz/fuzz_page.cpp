@@ -5,6 +5,7 @@
 
 #include "fuzz/invariants.h"
 #include "output/output_text.h"
+#include "output/plain_text.h"
 #include "parser/url_map_dump.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) {
@@ -17,6 +18,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) 
     parser.InitializeHtmlFile();
     char buffer[100];
     OutputText bounded(buffer, buffer + sizeof buffer - 1);
+    WritePlainText(tPage, bounded); // as much as fits
+    const std::string plain = invariants::ReferenceOf(tPage).PlainText().substr(0, sizeof buffer - 1);
+    invariants::Require(std::string(buffer, bounded.m_pCurrent) == plain, "the plain text in a short buffer");
     OutputText console;
     PrintUrlMap(parser.m_urlMap, bounded);
     PrintUrlMap(parser.m_urlMap, console);

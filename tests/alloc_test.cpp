@@ -87,6 +87,8 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
     UrlList list(9);
     char* pNumber = new char[6]; // stays the caller's where it cannot be replaced
     char words[] = "a b ";
+    pageslice_page* pPage = nullptr;
+    ASSERT_EQ(pageslice_open("x", 1, nullptr, 0, &pPage), PAGESLICE_OK);
     const std::function<void()> operations[] = {
         [] { delete[] FULL.pMakeCopy(); },
         [] { delete[] pFormatNumber(1000, nullptr); },
@@ -101,11 +103,16 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
         [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); },
         [] { pageslice::page(pageslice::to_view(FULL), ADDRESS); },
         [] { pageslice::normalize(ADDRESS); },
+        [&] {
+            if (std::size_t n; pageslice_get_plain_text(pPage, nullptr, 0, &n) == PAGESLICE_NO_MEMORY)
+                throw std::bad_alloc();
+        },
         [] { pageslice::resolve(ADDRESS, ADDRESS); },
         [] { pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
     for (const auto& operation : operations)
         ExpectNoLeaks([&](const Fails& fails) { fails(operation); });
     delete[] pNumber;
+    pageslice_close(pPage);
     ExpectUsable(parser);
 }
 

@@ -15,29 +15,24 @@ constexpr std::size_t LARGEST = INT_MAX;
 constexpr std::string_view FRONT = "<title>Home</title><a href=first>one</a><li>", FRONT_TEXT = "Home one ";
 constexpr std::string_view BACK = "</li><a href=last>two</a><img src=i.gif><td width=5>", BACK_TEXT = " two ";
 
-class HugePage {
-public:
-    HugePage(std::size_t n, std::string_view front, std::string_view back) : m_n(n) {
-        void* const p =
-            mmap(nullptr, n, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-        m_p = p != MAP_FAILED ? static_cast<char*>(p) : throw std::bad_alloc();
-        front.copy(m_p, n);
-        back.copy(m_p + n - back.size(), n);
-    }
-    HugePage(const HugePage&) = delete;
-    HugePage& operator=(const HugePage&) = delete;
-    ~HugePage() { munmap(m_p, m_n); }
-    operator std::string_view() const { return {m_p, m_n}; }
-
-private:
-    char* m_p;
-    std::size_t m_n;
+struct Unmap {
+    void operator()(char* p) const { munmap(p, n); }
+    std::size_t n;
 };
+
+std::unique_ptr<char, Unmap> MakePage(std::size_t n, std::string_view front, std::string_view back) {
+    void* const p =
+        mmap(nullptr, n, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    std::unique_ptr<char, Unmap> page(p != MAP_FAILED ? static_cast<char*>(p) : throw std::bad_alloc(), {n});
+    front.copy(page.get(), n);
+    back.copy(page.get() + n - back.size(), n);
+    return page;
+}
 
 TEST(Huge, Pages) {
     for (const std::size_t n : {LARGEST, LARGEST + 1, 2 * LARGEST + 99}) {
-        const HugePage page(n, FRONT, BACK);
-        const std::string_view all = page;
+        const auto page = MakePage(n, FRONT, BACK);
+        const std::string_view all(page.get(), n);
         const std::size_t nNuls = n - FRONT.size() - BACK.size();
         for (const char* const pScan : {"portable", "sse2", "avx2", "avx512"}) {
             SCOPED_TRACE(std::to_string(n) + " bytes, " + pScan);
@@ -77,14 +72,15 @@ TEST(Huge, Pages) {
 TEST(Huge, AttributeValues) {
     constexpr std::string_view front = " <a title=x href=\"", back = "\">y</a><img src=i.gif></html>";
     constexpr std::size_t n = LARGEST + 100;
-    const HugePage page(n, front, back);
-    OpenParser parser(pageslice::to_text(page), nullptr);
+    const auto page = MakePage(n, front, back);
+    const std::string_view all(page.get(), n);
+    OpenParser parser(pageslice::to_text(all), nullptr);
     EXPECT_EQ(Lists(parser), "images 0: links 0:");
     ASSERT_EQ(parser.m_urlMap.size(), 1U);
     const auto& [anchor, tLinkText] = *parser.m_urlMap.begin();
     EXPECT_EQ(pageslice::to_view(anchor.m_urlHref).size(), n - front.size() - back.size());
     EXPECT_EQ(String(anchor.m_tTitle) + String(tLinkText), "xy");
-    const pageslice::page face(page);
+    const pageslice::page face(all);
     EXPECT_EQ(face.images()[0].src, "i.gif");
 }
 

@@ -26,7 +26,7 @@ struct GuardedSink : OutputText {
     std::string Content() const {
         EXPECT_TRUE(m_pBufStart <= m_pCurrent && m_pCurrent <= m_pBufEnd);
         EXPECT_EQ(std::string(m_pCurrent, m_pBufEnd + 1).find_first_not_of('\0'), std::string::npos);
-        return {m_pBufStart, m_pBufStart + GetLength()};
+        return {GetBuffer(), GetBuffer() + GetLength()};
     }
 
     static inline const std::string MARGIN = " ]words[ ";

@@ -77,7 +77,8 @@ TEST(HtmlParser, HasNothingWithoutAPage) {
         parser.InitializeHtmlFile();
         EXPECT_EQ(Index(parser) + Lists(parser), "images 0: links 0:");
         char* pText = nullptr;
-        EXPECT_TRUE(parser.bConvertHtmlToPlainText(&pText) == 1 && parser.pMakeTitleCopy() == nullptr);
+        EXPECT_TRUE(parser.bConvertHtmlToPlainText(&pText) == 1 && parser.pMakeTitleCopy() == nullptr &&
+                    parser.bConvertHtmlToPlainText(nullptr) == 0);
         EXPECT_STREQ(std::unique_ptr<char[]>(pText).get(), "");
         int nLanguage = 77;
         EXPECT_TRUE(!parser.bLanguageOfPage(&nLanguage) && !parser.bLanguageOfPage(nullptr) &&
@@ -117,6 +118,8 @@ TEST(HtmlParser, CopiesAreIndependent) {
         EXPECT_EQ(Index(*p), FULL_INDEX);
         EXPECT_EQ(Lists(*p), "images 12: a.gif b.gif links 14: b.html a.html");
         EXPECT_EQ(Index(*p), FULL_INDEX) << "the copy counts as indexed";
+        auto i = p->m_urlMap.begin();
+        EXPECT_TRUE(i++->first.m_urlHref == "b.html" && i == std::next(p->m_urlMap.begin()));
         p->Clear();
         EXPECT_STREQ(p->m_pUrl, "http://host/");
         *p = OpenParser();

@@ -24,6 +24,10 @@ TEST(Attributes, NamesValuesAndCodes) {
     RunCases("attribute values", Value);
     RunCases("attribute codes",
              [](const text& name) { return std::to_string(tag().nGetAttributeCode(name)); });
+    text value("left over");
+    EXPECT_TRUE(tag().tGetAttributeName(nullptr, FULL).IsEmpty() &&
+                tag_td().pParse(nullptr, FULL) == nullptr);
+    EXPECT_TRUE(tag().pGetAttributeValue(nullptr, value, FULL) == nullptr && value.IsEmpty());
     EXPECT_EQ(tag().nGetAttributeCode(text()), ATTR_NONE);
 }
 

@@ -78,6 +78,7 @@ TEST(Url, HostAndDomain) {
               std::string server = "old", domain;
               WithFences(s, [&](const text& t) { domain = Chars(url::tGetDomainName(t)); });
               url::tGetHostName(text(s.data(), s.data() + s.size() - 1, 0), server);
+              EXPECT_EQ(Chars(Url(s.c_str()).tGetHostName()), Chars(url::tGetHostName(s.c_str())));
               return Join(Chars(url::tGetHostName(s.c_str())), server, domain);
           });
     std::string server = "kept";
@@ -97,7 +98,12 @@ TEST(Url, ExtensionTitleAndImageType) {
               WithFences(s, [&](const text& t) {
                   answer = Join(Chars(url::tGetExtension(t)), Chars(url::tGetFileTitle(t)));
               });
-              return Join(answer, url::nGetImageType(s.c_str()));
+              const url u = Url(s.c_str());
+              EXPECT_EQ(Join(Chars(u.tGetExtension()), Chars(u.tGetFileTitle())), answer);
+              EXPECT_EQ(Join(Chars(url::tGetExtension(s.c_str())), Chars(url::tGetFileTitle(s.c_str()))),
+                        answer);
+              EXPECT_EQ(u.nGetImageType(), url::nGetImageType(s.c_str()));
+              return Join(answer, u.nGetImageType());
           });
 }
 
@@ -109,6 +115,7 @@ TEST(Url, EmptyAnswersAndEquality) {
                   "- - - - 0");
     }
     EXPECT_EQ(url().pMakeAbsoluteCopy("http://h/"), nullptr);
+    url::NormalizeUrl(nullptr);
     const std::string name = "A.gif"; // equal to its like at another place
     EXPECT_EQ(Join(Url("A.gif") == Url(name.c_str()), Url("A.gif") == Url("a.gif"), Url("A") == Url("A.")),
               "1 0 0");

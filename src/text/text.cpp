@@ -87,7 +87,7 @@ int text::nNumWords() const noexcept {
     bool bInWord = false;
     for (std::size_t i = 0; i < n; ++i) {
         const bool bLetter = bIsAsciiLetter(m_pStart[i]);
-        nWords += bLetter && !bInWord ? 1 : 0;
+        nWords += bLetter && !bInWord && nWords < INT_MAX ? 1 : 0;
         bInWord = bLetter;
     }
     return nWords;
