@@ -106,7 +106,8 @@ run_stage() {
       fi
       ;;
     windows)
-      tools/need build test windows python
+      tools/need build test windows python clang
+      tests/msvc/run
       for family in x86 x64; do
         build windows-$family
         tests/windows/inspect $family build/windows-$family
