@@ -111,6 +111,7 @@ run_stage() {
       for family in x86 x64; do
         build windows-$family
         tests/windows/inspect $family build/windows-$family
+        tests/windows/run-package $family build/windows-$family
       done
       echo "windows-x86: built; its tests were not run (no 32-bit Wine here)"
       run_tests windows-x64
