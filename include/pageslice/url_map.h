@@ -45,6 +45,11 @@ public:
             ++*this;
             return before;
         }
+        // The link URL of the entry, without a look at the entry.
+        text Link() const noexcept {
+            const Node& node = m_pMap->m_nodes[m_nNode];
+            return text(node.pLink, node.pLink + node.nLinkLength - 1, 0);
+        }
         bool operator==(const const_iterator& other) const noexcept { return m_nNode == other.m_nNode; }
         bool operator!=(const const_iterator& other) const noexcept { return m_nNode != other.m_nNode; }
 
@@ -70,6 +75,7 @@ public:
     void Clear() noexcept;
 
 private:
+    friend class UrlMapBuilder;
     static constexpr std::uint32_t NO_NODE = UINT32_MAX;
 
     // The link stands here once more, so that a descent touches this array only.
@@ -87,7 +93,7 @@ private:
     bool bIsRed(std::uint32_t nNode) const noexcept;
     int nSideOf(std::uint32_t nNode) const noexcept;
     void Rotate(std::uint32_t nNode, int nSide) noexcept;
-    void Rebalance(std::uint32_t nNode) noexcept;
+    std::uint32_t Rebalance(std::uint32_t nNode) noexcept;
 
     std::vector<value_type> m_entries;
     std::vector<Node> m_nodes;

@@ -5,6 +5,7 @@
 #include "pageslice/html_parser.h"
 #include "parser/page_size.h"
 #include "parser/tag_scanner.h"
+#include "parser/url_map_builder.h"
 #include "scan/tag_bounds.h"
 #include "scan/tag_walk.h"
 
@@ -25,13 +26,13 @@ constexpr FirstCharacters MakeFirstCharacters() noexcept {
 
 constexpr FirstCharacters FIRST_CHARACTERS = MakeFirstCharacters();
 
-// Arrays start with the room that pages of this size usually fill, but never with much.
+// Arrays start with the room that pages of this size usually fill, which is less than the page takes.
 constexpr std::size_t BYTES_PER_LINK = 384;
 constexpr std::size_t BYTES_PER_TEXT = 512;
 
 std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept {
     constexpr std::size_t FEW = 8;
-    constexpr std::size_t MANY = 1024;
+    constexpr std::size_t MANY = std::size_t{1} << 18;
     return std::clamp(nPage / nBytesPerEntry, FEW, MANY);
 }
 
@@ -51,7 +52,8 @@ struct Index {
 class IndexingPass {
 public:
     IndexingPass(const text& page, const Index& index) noexcept
-        : m_page(page), m_index(index), m_walk(page.m_pStart, page, FIRST_CHARACTERS) {}
+        : m_page(page), m_index(index), m_walk(page.m_pStart, page, FIRST_CHARACTERS), m_links(index.urlMap) {
+    }
 
     void Run();
 
@@ -74,6 +76,7 @@ private:
     const text& m_page;
     Index m_index;
     TagWalk m_walk;
+    UrlMapBuilder m_links;
     const char* m_pOpen = nullptr; // the '<' of the tag at hand
     bool m_bInTitle = false;
     bool m_bInAnchor = false;
@@ -190,7 +193,7 @@ void IndexingPass::CloseAnchor() {
             if (m_index.urlMap.empty()) {
                 m_index.urlMap.Reserve(nUsualCount(nPageSize(m_page), BYTES_PER_LINK));
             }
-            m_index.urlMap.Insert(m_tagAnchor, tLinkText);
+            m_links.Insert(m_tagAnchor, tLinkText);
         }
     }
     m_tagAnchor.Clear();

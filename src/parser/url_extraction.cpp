@@ -6,6 +6,7 @@
 #include "pageslice/html_parser.h"
 #include "parser/image_walk.h"
 #include "parser/page_size.h"
+#include "platform/bits.h"
 #include "tags/tag_img.h"
 
 namespace {
@@ -15,6 +16,8 @@ namespace {
 int nListSize(std::size_t n, const text& page) noexcept {
     return n > INT_MAX || nPageSize(page) > INT_MAX ? 0 : static_cast<int>(n);
 }
+
+constexpr int LINKS_AHEAD = 24;
 
 // The sources of a page's image tags, in page order, an empty one for a tag without a source.
 class ImageSources {
@@ -84,15 +87,24 @@ void HtmlParser::FillImageUrls(UrlList* pList) const {
 
 int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
     std::size_t n = 0;
-    for (const auto& [anchor, tLinkText] : m_urlMap) {
-        n += static_cast<std::size_t>(anchor.m_urlHref.GetLength()) + 1;
+    for (auto it = m_urlMap.begin(); it != m_urlMap.end(); ++it) {
+        n += static_cast<std::size_t>(it.Link().GetLength()) + 1;
     }
     return nListSize(n, m_tPage);
 }
 
 void HtmlParser::FillLinkUrls(UrlList* pList) const noexcept {
-    for (const auto& [anchor, tLinkText] : m_urlMap) {
-        pList->bAddUrl(anchor.m_urlHref);
+    // The links stand far apart in the page and in no order that the processor foresees.
+    auto ahead = m_urlMap.begin();
+    for (int i = 0; i < LINKS_AHEAD && ahead != m_urlMap.end(); ++i) {
+        ++ahead;
+    }
+    for (auto it = m_urlMap.begin(); it != m_urlMap.end(); ++it) {
+        if (ahead != m_urlMap.end()) {
+            FetchLine(ahead.Link().m_pStart);
+            ++ahead;
+        }
+        pList->bAddUrl(it.Link());
     }
 }
 

@@ -1,4 +1,4 @@
-#include "pageslice/url_map.h"
+#include "parser/url_map_builder.h"
 
 #include <algorithm>
 #include <cstring>
@@ -47,33 +47,7 @@ void UrlMap::Reserve(std::size_t nEntries) {
 }
 
 void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
-    const char* const pLink = anchor.m_urlHref.m_pStart;
-    const auto nLength = static_cast<std::size_t>(anchor.m_urlHref.m_pEnd - pLink) + 1;
-    const Comparison newLink(pLink, nLength);
-    const Node* const pNodes = m_nodes.data();
-    std::uint32_t nParent = NO_NODE;
-    int nSide = LEFT;
-    for (std::uint32_t n = m_nRoot; n != NO_NODE;) {
-        nParent = n;
-        const Node& node = pNodes[n];
-        if (newLink.bDiffersFrom(node.pLink, node.nLinkLength)) {
-            nSide = LEFT;
-            n = node.nChild[LEFT];
-        } else {
-            nSide = RIGHT;
-            n = node.nChild[RIGHT];
-        }
-    }
-
-    const auto nNew = static_cast<std::uint32_t>(m_entries.size());
-    // Room for both before either changes, so that a failure leaves the map as it was.
-    if (m_nodes.size() == m_nodes.capacity()) {
-        Reserve(std::max(FIRST_CAPACITY, 2 * m_nodes.size()));
-    }
-    m_entries.emplace_back(anchor, tLinkText);
-    m_nodes.push_back({pLink, nLength, NO_NODE, NO_NODE, nParent, {NO_NODE, NO_NODE}, true});
-    Attach(nNew, nParent, nSide);
-    Rebalance(nNew);
+    UrlMapBuilder(*this).Insert(anchor, tLinkText);
 }
 
 void UrlMap::Clear() noexcept {
@@ -135,8 +109,10 @@ void UrlMap::Rotate(std::uint32_t nNode, int nSide) noexcept {
     }
 }
 
-// The insertion fix-up: no red node keeps a red parent.
-void UrlMap::Rebalance(std::uint32_t nNode) noexcept {
+// The insertion fix-up: no red node keeps a red parent. Gives the node, if any, that went down below a child
+// of its own at last.
+std::uint32_t UrlMap::Rebalance(std::uint32_t nNode) noexcept {
+    std::uint32_t nLowered = NO_NODE;
     while (bIsRed(m_nodes[nNode].nParent)) {
         std::uint32_t nParent = m_nodes[nNode].nParent;
         const std::uint32_t nGrandparent = m_nodes[nParent].nParent;
@@ -157,6 +133,89 @@ void UrlMap::Rebalance(std::uint32_t nNode) noexcept {
         m_nodes[nParent].bRed = false;
         m_nodes[nGrandparent].bRed = true;
         Rotate(nGrandparent, 1 - nSide);
+        nLowered = nGrandparent;
     }
     m_nodes[m_nRoot].bRed = false;
+    return nLowered;
+}
+
+UrlMapBuilder::UrlMapBuilder(UrlMap& map) noexcept : m_map(map) {
+    FollowLeftSpine();
+}
+
+UrlMapBuilder::Step UrlMapBuilder::StepAt(std::uint32_t nNode) const noexcept {
+    return {m_map.m_nodes[nNode].pLink, m_map.m_nodes[nNode].nLinkLength, nNode};
+}
+
+void UrlMapBuilder::FollowLeftSpine() noexcept {
+    m_nDepth = 0;
+    for (std::uint32_t n = m_map.m_nRoot; n != UrlMap::NO_NODE; n = m_map.m_nodes[n].nChild[LEFT]) {
+        m_spine[m_nDepth++] = StepAt(n);
+    }
+}
+
+void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
+    constexpr std::uint32_t NONE = UrlMap::NO_NODE;
+    const char* const pLink = anchor.m_urlHref.m_pStart;
+    const auto nLength = static_cast<std::size_t>(anchor.m_urlHref.m_pEnd - pLink) + 1;
+    const Place place = FindPlace(pLink, nLength);
+
+    const auto nNew = static_cast<std::uint32_t>(m_map.m_entries.size());
+    // Room for both before either changes, so that a failure leaves the map as it was.
+    if (m_map.m_nodes.size() == m_map.m_nodes.capacity()) {
+        m_map.Reserve(std::max(FIRST_CAPACITY, 2 * m_map.m_nodes.size()));
+    }
+    m_map.m_entries.emplace_back(anchor, tLinkText);
+    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, place.nParent, {NONE, NONE}, true});
+    m_map.Attach(nNew, place.nParent, place.nSide);
+    KeepSpine(place.nSteps, nNew, m_map.Rebalance(nNew));
+}
+
+UrlMapBuilder::Place UrlMapBuilder::FindPlace(const char* pLink, std::size_t nLength) const noexcept {
+    const Comparison newLink(pLink, nLength);
+    std::size_t nSteps = 0;
+    while (nSteps < m_nDepth && newLink.bDiffersFrom(m_spine[nSteps].pLink, m_spine[nSteps].nLength)) {
+        ++nSteps;
+    }
+    if (nSteps == m_nDepth) {
+        return {nSteps, m_nDepth == 0 ? UrlMap::NO_NODE : m_spine[m_nDepth - 1].nNode, LEFT};
+    }
+    const UrlMap::Node* const pNodes = m_map.m_nodes.data();
+    Place place{nSteps, m_spine[nSteps].nNode, RIGHT};
+    for (;;) {
+        const std::uint32_t n = pNodes[place.nParent].nChild[place.nSide];
+        if (n == UrlMap::NO_NODE) {
+            return place;
+        }
+        place.nParent = n;
+        place.nSide = newLink.bDiffersFrom(pNodes[n].pLink, pNodes[n].nLinkLength) ? LEFT : RIGHT;
+    }
+}
+
+// The new node was reached by nSteps along the spine, then aside unless that was all of it. nLowered is the
+// node that went down in the tree.
+void UrlMapBuilder::KeepSpine(std::size_t nSteps, std::uint32_t nNew, std::uint32_t nLowered) noexcept {
+    const bool bAside = nSteps < m_nDepth;
+    if (!bAside) {
+        m_spine[m_nDepth++] = StepAt(nNew);
+    }
+    if (nLowered == UrlMap::NO_NODE) {
+        return;
+    }
+    std::size_t nAt = nSteps + 1; // the way to the new node, from its end
+    while (nAt > 0 && m_spine[nAt - 1].nNode != nLowered) {
+        --nAt;
+    }
+    if (nAt == 0) {
+        return;
+    }
+    if (bAside) {
+        FollowLeftSpine();
+        return;
+    }
+    // Among left children, a node goes down to the right and leaves the spine.
+    for (; nAt < m_nDepth; ++nAt) {
+        m_spine[nAt - 1] = m_spine[nAt];
+    }
+    --m_nDepth;
 }

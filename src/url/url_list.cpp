@@ -17,8 +17,11 @@ int bAddEntry(UrlList& list, const char* p, std::size_t nCharacters, std::size_t
         return 0;
     }
     std::memmove(list.m_pCursor, p, nCharacters); // an entry of this very list may overlap the cursor
-    std::memset(list.m_pCursor + nCharacters, 0, nPadded - nCharacters + 1);
-    list.m_pCursor += nPadded + 1;
+    if (nCharacters < nPadded) {
+        std::memset(list.m_pCursor + nCharacters, 0, nPadded - nCharacters);
+    }
+    list.m_pCursor += nPadded;
+    *list.m_pCursor++ = '\0';
     return 1;
 }
 
