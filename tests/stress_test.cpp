@@ -7,7 +7,9 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "fuzz/invariants.h"
 #include "fuzz/page_generator.h"
@@ -64,6 +66,27 @@ TEST(StressTest, GeneratedPages) {
     PageGenerator generator(1);
     for (int i = 0; i < nPages && !HasFailure(); ++i)
         Check(generator.Next(), "page " + std::to_string(i));
+}
+
+// Trees of links that equal, begin and continue each other in every mixture, some with a NUL inside.
+TEST(StressTest, PagesOfManyLinks) {
+    std::mt19937 random(2);
+    for (unsigned nRepeated = 0; nRepeated < 100 && !HasFailure(); ++nRepeated) {
+        std::vector<std::string> links;
+        std::string page = " "; // a tag on the first character would end the pass
+        for (unsigned i = 0; i < 20 * nRepeated + 40; ++i) {
+            std::string link = std::to_string(random());
+            if (random() % 100 < nRepeated && !links.empty())
+                link = links[random() % links.size()];
+            if (random() % 8 == 0)
+                link.insert(random() % link.size(), 1, "\0/"[random() % 2]);
+            if (random() % 8 == 0)
+                link.resize(random() % link.size() + 1);
+            links.push_back(link);
+            page += "<a href=" + link + ">x</a>";
+        }
+        ASSERT_NO_THROW(WithFences(page, invariants::CheckAnswers)) << nRepeated << " % repeated";
+    }
 }
 
 TEST(StressTest, StoredInputs) {
