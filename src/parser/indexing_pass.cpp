@@ -196,7 +196,6 @@ void IndexingPass::CloseAnchor() {
             m_links.Insert(m_tagAnchor, tLinkText);
         }
     }
-    m_tagAnchor.Clear();
     m_bInAnchor = false;
 }
 

@@ -120,7 +120,8 @@ void TagWalk::DropSweep() noexcept {
     m_pEnd = nullptr;
 }
 
-const char* TagWalk::pStepEnd() noexcept {
+// For a step whose end does not stand in the block of its '<'.
+const char* TagWalk::pFarStepEnd() noexcept {
     if (m_pEnd != nullptr) {
         return m_pEnd;
     }
@@ -128,15 +129,11 @@ const char* TagWalk::pStepEnd() noexcept {
         m_pEnd = Scan().FindTagEnd(m_pFrom, m_pPageEnd, m_bQuoted);
         return m_pEnd;
     }
-    // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends.
-    const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
-    std::uint64_t nBits = ~std::uint64_t{0} << nOpen % SCAN_BLOCK;
-    for (std::size_t i = nOpen / SCAN_BLOCK; i < m_sweep.nBlocks; ++i) {
-        nBits &= m_sweep.nCloses[i];
-        if (nBits != 0) {
-            return m_pSwept + i * SCAN_BLOCK + nLowestBit(nBits);
+    for (std::size_t i = static_cast<std::size_t>(m_pOpen - m_pSwept) / SCAN_BLOCK + 1; i < m_sweep.nBlocks;
+         ++i) {
+        if (m_sweep.nCloses[i] != 0) {
+            return m_pSwept + i * SCAN_BLOCK + nLowestBit(m_sweep.nCloses[i]);
         }
-        nBits = ~std::uint64_t{0};
     }
     const std::size_t nSwept = m_sweep.nBlocks * SCAN_BLOCK;
     if (nSwept >= static_cast<std::size_t>(m_pPageEnd - m_pSwept)) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "pageslice/text.h"
+#include "platform/bits.h"
 #include "scan/primitives.h"
 
 // By the first character of a name: whether the start tags, and the end tags, that begin with it are wanted.
@@ -34,7 +35,17 @@ public:
     const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextBehindSweep(); }
 
     // The '>' that ends the current step, or null when the page ends first.
-    const char* pStepEnd() noexcept;
+    const char* pStepEnd() noexcept {
+        if (m_pSwept != nullptr && m_pEnd == nullptr) {
+            // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends.
+            const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
+            const std::uint64_t nCloses = m_sweep.nCloses[nOpen / SCAN_BLOCK] >> nOpen % SCAN_BLOCK;
+            if (nCloses != 0) {
+                return m_pOpen + nLowestBit(nCloses);
+            }
+        }
+        return pFarStepEnd();
+    }
 
     // Ends the current step at pEnd instead; null ends the walk.
     void ContinueBehind(const char* pEnd) noexcept;
@@ -44,6 +55,7 @@ private:
         m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
         return m_pOpen;
     }
+    const char* pFarStepEnd() noexcept;
     const char* pNextBehindSweep() noexcept;
     bool bEndStep() noexcept;
     bool bSingleStep() noexcept;
