@@ -15,7 +15,8 @@ else()
 endif()
 
 if(PAGESLICE_SANITIZE)
-  set(flags -fsanitize=${PAGESLICE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  set(flags -fsanitize=${PAGESLICE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    $<$<CXX_COMPILER_ID:Clang>:-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitize-ignore.txt>)
   target_compile_options(pageslice_compiler INTERFACE ${flags})
   target_link_options(pageslice_compiler INTERFACE ${flags})
 endif()
