@@ -76,6 +76,7 @@ public:
 // Ownership: strings handed out are released with delete[], lists with delete.
 // Bounds: nothing is read before the page's first or after its last character, whatever the page holds; it
 // needs no NUL. A slice whose end lies before its start, or without a start, is a page without characters.
+// A page is one array; in a 32-bit process none has 2 GiB, so none is larger than INT_MAX bytes there.
 // A page of more than INT_MAX bytes is indexed, but converts to a null pointer and 0, and its lists come
 // out empty.
 // Time: every operation is linear in the page, inserts into the URL map logarithmic on top. No recursion.
