@@ -6,12 +6,14 @@
 
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
 #include "fuzz/reference.h"
 #include "pageslice/pageslice.h"
+#include "scan/primitives.h"
 #include "scan/tag_bounds.h"
 #include "tags/tag_img.h"
 
@@ -107,8 +109,18 @@ private:
     std::string m_text;
 };
 
-// A fuzz input as a page, where it lies: the fuzzer hands out memory of exactly that size.
+inline const char* const SCANS[] = {"portable", "sse2", "avx2", "avx512"};
+
+// One of the scan implementations; the current one stays where build or processor lack it.
+inline void Use(const char* pScan) {
+    if (const ScanPrimitives* pPrimitives = pFindScan(pScan))
+        UseScan(*pPrimitives);
+}
+
+// A fuzz input as a page, where it lies: the fuzzer hands out memory of exactly that size. The size chooses
+// the scan, so that all of them are fuzzed.
 inline text PageOf(const std::uint8_t* pData, std::size_t n) {
+    Use(SCANS[n % std::size(SCANS)]);
     const char* p = n == 0 ? "" : reinterpret_cast<const char*>(pData);
     return {p, p + n - 1, 0};
 }

@@ -5,9 +5,9 @@
 #include <climits>
 #include <stdexcept>
 
+#include "fuzz/invariants.h"
 #include "page_fixture.h"
 #include "pageslice/page.h"
-#include "scan/primitives.h"
 
 namespace {
 
@@ -34,12 +34,9 @@ TEST(Huge, Pages) {
         const auto page = MakePage(n, FRONT, BACK);
         const std::string_view all(page.get(), n);
         const std::size_t nNuls = n - FRONT.size() - BACK.size();
-        for (const char* const pScan : {"portable", "sse2", "avx2", "avx512"}) {
+        for (const char* const pScan : invariants::SCANS) {
             SCOPED_TRACE(std::to_string(n) + " bytes, " + pScan);
-            const ScanPrimitives* const pPrimitives = pFindScan(pScan);
-            if (pPrimitives == nullptr)
-                continue;
-            UseScan(*pPrimitives);
+            invariants::Use(pScan);
             OpenParser parser(pageslice::to_text(all), nullptr);
             EXPECT_EQ(Lists(parser),
                       n > LARGEST ? "images 0: links 0:" : "images 6: i.gif links 11: last first");

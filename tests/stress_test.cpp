@@ -13,22 +13,13 @@
 
 #include "fuzz/invariants.h"
 #include "fuzz/page_generator.h"
-#include "scan/primitives.h"
 #include "tests/fence.h"
 
 namespace {
 
-const char* const SCANS[] = {"portable", "sse2", "avx2", "avx512"};
-
-// One of the scan implementations; the current one stays where build or processor lack it.
-void Use(const char* pScan) {
-    if (const ScanPrimitives* pPrimitives = pFindScan(pScan))
-        UseScan(*pPrimitives);
-}
-
 // Does not go on after the first failure: the rest of a long run would only repeat it.
 void CheckWith(const char* pScan, const std::string& characters, const std::string& name) {
-    Use(pScan);
+    invariants::Use(pScan);
     try {
         WithFences(characters, [&](const text& tPage) {
             invariants::CheckPage(tPage);
@@ -43,7 +34,7 @@ void CheckWith(const char* pScan, const std::string& characters, const std::stri
 }
 
 void Check(const std::string& characters, const std::string& name) {
-    for (const char* pScan : SCANS)
+    for (const char* pScan : invariants::SCANS)
         CheckWith(pScan, characters, name);
 }
 
@@ -101,7 +92,7 @@ TEST(StressTest, SamplesAtEachLength) {
     ASSERT_FALSE(files.empty());
     for (const auto& [path, characters] : files) {
         for (std::size_t n = 0; n <= characters.size(); ++n) {
-            Use(SCANS[n % std::size(SCANS)]);
+            invariants::Use(invariants::SCANS[n % std::size(invariants::SCANS)]);
             ASSERT_NO_THROW(WithFences(characters.substr(0, n), invariants::CheckAnswers))
                 << path << " cut off at " << n;
         }
