@@ -13,30 +13,7 @@ PAGESLICE_TARGET_BEGIN("avx2,bmi,bmi2,popcnt,pclmul")
 namespace scan_avx2 {
 namespace {
 
-unsigned nLowestBit(std::uint64_t n) noexcept {
-    return static_cast<unsigned>(_tzcnt_u64(n));
-}
-
-unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
-    return nLowestBit(n);
-}
-
-unsigned nCountBits(std::uint64_t n) noexcept {
-    return static_cast<unsigned>(_mm_popcnt_u64(n));
-}
-
-std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64_t& nCarry) noexcept {
-    unsigned long long nSum = 0;
-    nCarry = _addcarry_u64(static_cast<unsigned char>(nCarry), a, b, &nSum);
-    return nSum;
-}
-
-// A carry-less product with all ones adds, at each bit, all bits up to it.
-std::uint64_t nParity(std::uint64_t n) noexcept {
-    const __m128i product =
-        _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
-    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
-}
+#include "scan/bits_bmi.inc"
 
 // For each choice among eight bytes that stand at nFirst in a register, the indices of the chosen ones, first
 // index in the lowest bits.
@@ -56,6 +33,12 @@ constexpr std::array<std::uint64_t, 256> MakeKeptFirst(unsigned nFirst) noexcept
 constexpr std::array<std::uint64_t, 256> KEPT_OF_LOW_HALF = MakeKeptFirst(0);
 constexpr std::array<std::uint64_t, 256> KEPT_OF_HIGH_HALF = MakeKeptFirst(8);
 
+std::uint64_t nMask(__m256i low, __m256i high) noexcept {
+    const auto nLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(low));
+    const auto nHigh = static_cast<std::uint32_t>(_mm256_movemask_epi8(high));
+    return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
+}
+
 class Block {
 public:
     explicit Block(const char* p) noexcept
@@ -70,24 +53,13 @@ public:
     // Each of the four looks itself up by its lower half; no other byte finds itself there.
     std::uint64_t Blank() const noexcept { return nMask(Blanks(m_low), Blanks(m_high)); }
 
-    // No branch hangs on the page: how text and tags follow each
-    // other within a block is hard to foretell.
+    // No branch hangs on the page: how text and tags follow each other within a block is hard to foretell.
     char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
         const __m256i space = _mm256_set1_epi8(' ');
         const __m256i low = _mm256_blendv_epi8(m_low, space, Blanks(m_low));
         const __m256i high = _mm256_blendv_epi8(m_high, space, Blanks(m_high));
         pOut = pSqueeze32(low, static_cast<std::uint32_t>(nKeep), pOut);
         return pSqueeze32(high, static_cast<std::uint32_t>(nKeep >> 32), pOut);
-    }
-
-    static std::uint64_t ImageOpens(const char* p) noexcept {
-        return nMask(ImageOpensOfHalf(p), ImageOpensOfHalf(p + sizeof(__m256i)));
-    }
-
-    static bool bHasImageOpens(const char* p) noexcept {
-        const __m256i low = ImageOpensOfHalf(p);
-        const __m256i high = ImageOpensOfHalf(p + sizeof(__m256i));
-        return _mm256_movemask_epi8(_mm256_or_si256(low, high)) != 0;
     }
 
     static void Clear(char* p) noexcept {
@@ -98,30 +70,11 @@ public:
     static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
 
 private:
-    static std::uint64_t nMask(__m256i low, __m256i high) noexcept {
-        const auto nLow = static_cast<std::uint32_t>(_mm256_movemask_epi8(low));
-        const auto nHigh = static_cast<std::uint32_t>(_mm256_movemask_epi8(high));
-        return static_cast<std::uint64_t>(nHigh) << 32 | nLow;
-    }
-
     static __m256i Blanks(__m256i bytes) noexcept {
         const __m256i table =
             _mm256_setr_epi8(' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1, //
                              ' ', -1, -1, -1, -1, -1, -1, -1, -1, -1, '\n', -1, '<', '\r', -1, -1);
         return _mm256_cmpeq_epi8(bytes, _mm256_shuffle_epi8(table, bytes));
-    }
-
-    // Without the bit that tells small letters from capitals, a space is 0. As above, both that may follow
-    // look themselves up by their lower half; what stands in for the others has that bit.
-    static __m256i ImageOpensOfHalf(const char* p) noexcept {
-        const __m256i table =
-            _mm256_setr_epi8(0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1, //
-                             0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1);
-        const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
-        const __m256i behind = _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 1)),
-                                                _mm256_set1_epi8(static_cast<char>(0xDF)));
-        return _mm256_and_si256(_mm256_cmpeq_epi8(bytes, _mm256_set1_epi8('<')),
-                                _mm256_cmpeq_epi8(behind, _mm256_shuffle_epi8(table, behind)));
     }
 
     static char* pSqueeze32(__m256i bytes, std::uint32_t nKeep, char* pOut) noexcept {
@@ -143,6 +96,28 @@ private:
     __m256i m_low;
     __m256i m_high;
 };
+
+// Without the bit that tells small letters from capitals, a space is 0. As above, both that may follow
+// look themselves up by their lower half; what stands in for the others has that bit.
+__m256i ImageOpensOfHalf(const char* p) noexcept {
+    const __m256i table = _mm256_setr_epi8(0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1, //
+                                           0, -1, -1, -1, -1, -1, -1, -1, -1, 'I', -1, -1, -1, -1, -1, -1);
+    const __m256i bytes = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p));
+    const __m256i behind = _mm256_and_si256(_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + 1)),
+                                            _mm256_set1_epi8(static_cast<char>(0xDF)));
+    return _mm256_and_si256(_mm256_cmpeq_epi8(bytes, _mm256_set1_epi8('<')),
+                            _mm256_cmpeq_epi8(behind, _mm256_shuffle_epi8(table, behind)));
+}
+
+std::uint64_t nImageOpens(const char* p) noexcept {
+    return nMask(ImageOpensOfHalf(p), ImageOpensOfHalf(p + sizeof(__m256i)));
+}
+
+bool bHasImageOpens(const char* p) noexcept {
+    const __m256i low = ImageOpensOfHalf(p);
+    const __m256i high = ImageOpensOfHalf(p + sizeof(__m256i));
+    return _mm256_movemask_epi8(_mm256_or_si256(low, high)) != 0;
+}
 
 // Which comparisons were true an odd number of times, byte by byte: a mask is made at the end only.
 class QuoteCount {
@@ -171,15 +146,7 @@ private:
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx2",
-                                   MarkTags,
-                                   FindImage,
-                                   SqueezeMarkup,
-                                   Clear,
-                                   FindTagEnd,
-                                   FindClass<ENDS_NAME>,
-                                   FindClass<ENDS_VALUE>,
-                                   FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = MakePrimitives("avx2");
 
 } // namespace scan_avx2
 

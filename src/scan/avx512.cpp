@@ -11,29 +11,7 @@ PAGESLICE_TARGET_BEGIN("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,popc
 namespace scan_avx512 {
 namespace {
 
-unsigned nLowestBit(std::uint64_t n) noexcept {
-    return static_cast<unsigned>(_tzcnt_u64(n));
-}
-
-unsigned nLowestBitOrAny(std::uint64_t n) noexcept {
-    return nLowestBit(n);
-}
-
-unsigned nCountBits(std::uint64_t n) noexcept {
-    return static_cast<unsigned>(_mm_popcnt_u64(n));
-}
-
-std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64_t& nCarry) noexcept {
-    unsigned long long nSum = 0;
-    nCarry = _addcarry_u64(static_cast<unsigned char>(nCarry), a, b, &nSum);
-    return nSum;
-}
-
-std::uint64_t nParity(std::uint64_t n) noexcept {
-    const __m128i product =
-        _mm_clmulepi64_si128(_mm_cvtsi64_si128(static_cast<long long>(n)), _mm_set1_epi8(-1), 0);
-    return static_cast<std::uint64_t>(_mm_cvtsi128_si64(product));
-}
+#include "scan/bits_bmi.inc"
 
 class Block {
 public:
@@ -56,17 +34,6 @@ public:
         return pOut + _mm_popcnt_u64(nKeep);
     }
 
-    // Without the bit that tells small letters from capitals, a space is 0.
-    static std::uint64_t ImageOpens(const char* p) noexcept {
-        const __m512i behind =
-            _mm512_and_si512(_mm512_loadu_si512(p + 1), _mm512_set1_epi8(static_cast<char>(0xDF)));
-        const __m512i capital = _mm512_set1_epi8('I');
-        return Block(p).Equal('<') &
-               (_mm512_cmpeq_epi8_mask(behind, capital) | _mm512_testn_epi8_mask(behind, behind));
-    }
-
-    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
-
     static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
 
     static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
@@ -75,23 +42,26 @@ private:
     __m512i m_bytes;
 };
 
-#include "scan/piece_avx2.inc"
+// Without the bit that tells small letters from capitals, a space is 0.
+std::uint64_t nImageOpens(const char* p) noexcept {
+    const __m512i behind =
+        _mm512_and_si512(_mm512_loadu_si512(p + 1), _mm512_set1_epi8(static_cast<char>(0xDF)));
+    return Block(p).Equal('<') &
+           (_mm512_cmpeq_epi8_mask(behind, _mm512_set1_epi8('I')) | _mm512_testn_epi8_mask(behind, behind));
+}
 
+bool bHasImageOpens(const char* p) noexcept {
+    return nImageOpens(p) != 0;
+}
+
+#include "scan/piece_avx2.inc"
 #include "scan/quote_count.inc"
 
 #include "scan/kernels.inc"
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"avx512",
-                                   MarkTags,
-                                   FindImage,
-                                   SqueezeMarkup,
-                                   Clear,
-                                   FindTagEnd,
-                                   FindClass<ENDS_NAME>,
-                                   FindClass<ENDS_VALUE>,
-                                   FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = MakePrimitives("avx512");
 
 } // namespace scan_avx512
 

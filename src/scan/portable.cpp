@@ -44,17 +44,6 @@ public:
         return pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
     }
 
-    static std::uint64_t ImageOpens(const char* p) noexcept {
-        const std::uint64_t nOpens = Block(p).Equal('<');
-        if (nOpens == 0) {
-            return 0;
-        }
-        const Block behind(p + 1);
-        return nOpens & (behind.Equal('i') | behind.Equal('I') | behind.Equal(' '));
-    }
-
-    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
-
     static void Clear(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
 
     static void Fetch(const char*) noexcept {}
@@ -83,6 +72,7 @@ struct Piece {
     char m_c;
 };
 
+#include "scan/image_opens.inc"
 #include "scan/quote_count.inc"
 
 #include "scan/kernels.inc"
@@ -108,14 +98,6 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
     return pOut;
 }
 
-const ScanPrimitives PRIMITIVES = {"portable",
-                                   MarkTags,
-                                   FindImage,
-                                   SqueezeMarkup,
-                                   Clear,
-                                   FindTagEnd,
-                                   FindClass<ENDS_NAME>,
-                                   FindClass<ENDS_VALUE>,
-                                   FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = MakePrimitives("portable");
 
 } // namespace scan_portable

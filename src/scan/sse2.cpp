@@ -37,17 +37,6 @@ public:
         return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
     }
 
-    static std::uint64_t ImageOpens(const char* p) noexcept {
-        const std::uint64_t nOpens = Block(p).Equal('<');
-        if (nOpens == 0) {
-            return 0;
-        }
-        const Block behind(p + 1);
-        return nOpens & (behind.Equal('i') | behind.Equal('I') | behind.Equal(' '));
-    }
-
-    static bool bHasImageOpens(const char* p) noexcept { return ImageOpens(p) != 0; }
-
     static void Clear(char* p) noexcept {
         for (int i = 0; i < PIECES; ++i) {
             _mm_storeu_si128(reinterpret_cast<__m128i*>(p) + i, _mm_setzero_si128());
@@ -108,19 +97,13 @@ private:
     __m128i m_bytes;
 };
 
+#include "scan/image_opens.inc"
+
 #include "scan/kernels.inc"
 
 } // namespace
 
-const ScanPrimitives PRIMITIVES = {"sse2",
-                                   MarkTags,
-                                   FindImage,
-                                   SqueezeMarkup,
-                                   Clear,
-                                   FindTagEnd,
-                                   FindClass<ENDS_NAME>,
-                                   FindClass<ENDS_VALUE>,
-                                   FindClass<ENDS_QUOTED>};
+const ScanPrimitives PRIMITIVES = MakePrimitives("sse2");
 
 } // namespace scan_sse2
 
