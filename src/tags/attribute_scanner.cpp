@@ -2,7 +2,7 @@
 #include <cstdint>
 
 #include "pageslice/records.h"
-#include "tags/attribute_scan.h"
+#include "tags/attribute_scanner.h"
 
 namespace {
 

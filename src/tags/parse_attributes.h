@@ -6,7 +6,7 @@
 
 #include "pageslice/records.h"
 #include "scan/tag_bounds.h"
-#include "tags/attribute_scan.h"
+#include "tags/attribute_scanner.h"
 #include "text/string_utils.h"
 
 // The loop that all records share: from q on, scans name after name until the tag's '>' or the page's end.

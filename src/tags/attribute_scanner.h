@@ -1,7 +1,7 @@
 // The attribute scanner on plain positions: [p, pPageEnd) is what is left of the page. The members of `tag`
 // and the loop of the records share it.
-#ifndef PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
-#define PAGESLICE_TAGS_ATTRIBUTE_SCAN_H
+#ifndef PAGESLICE_TAGS_ATTRIBUTE_SCANNER_H
+#define PAGESLICE_TAGS_ATTRIBUTE_SCANNER_H
 
 #include <cstddef>
 #include <cstdint>
