@@ -6,11 +6,15 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 
+#ifdef __linux__
+#include <sys/resource.h>
+#endif
 #include <unistd.h>
 
 namespace pageslice {
@@ -31,16 +35,21 @@ using File = std::unique_ptr<std::FILE, Closer>;
     throw std::runtime_error(std::generic_category().message(code));
 }
 
+// SIZE_MAX where nobody says.
+std::uintmax_t machineMemory() {
+#ifdef _WIN32
+    return SIZE_MAX;
+#else
+    const long pages = sysconf(_SC_PHYS_PAGES);
+    return pages > 0 ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(getpagesize())
+                     : SIZE_MAX;
+#endif
+}
+
 // Systems that hand out more memory than there is must not be taken at their word. Growing by doubling, the
 // old and the new buffer together stay within this too.
 std::uintmax_t memoryForOnePage() {
-#ifdef _WIN32
-    return SIZE_MAX / 2;
-#else
-    const long pages = sysconf(_SC_PHYS_PAGES);
-    return pages > 0 ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(getpagesize()) / 2
-                     : SIZE_MAX / 2;
-#endif
+    return machineMemory() / 2;
 }
 
 File open(const std::filesystem::path& path) {
@@ -88,6 +97,24 @@ std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
 }
 
 } // namespace
+
+void limitMemory() {
+#ifdef __linux__
+    std::ifstream statm("/proc/self/statm");
+    std::uintmax_t pages = 0;
+    for (int field = 0; field < 6; ++field) {
+        statm >> pages; // the last one is what the limit counts
+    }
+    const std::uintmax_t most = machineMemory() / 4 * 3;
+    rlimit limit = {};
+    // A program that was built to watch its memory has asked for much more already, and uses little of it.
+    if (statm && pages * static_cast<std::uintmax_t>(getpagesize()) < most &&
+        getrlimit(RLIMIT_DATA, &limit) == 0 && limit.rlim_cur > most) {
+        limit.rlim_cur = static_cast<rlim_t>(most);
+        static_cast<void>(setrlimit(RLIMIT_DATA, &limit)); // without it, all goes on as before
+    }
+#endif
+}
 
 std::string readAll(const std::string& name) {
     try {

@@ -7,6 +7,10 @@
 
 namespace pageslice {
 
+// Sees to it that allocations fail before they take all memory of the machine: the system would end the
+// program without a word instead, since it hands out more than there is.
+void limitMemory();
+
 // All bytes of a file, or of standard input for "-", whatever they are. Throws std::runtime_error, whose
 // message says in a few words why the page cannot be had; a page that would take more than half of the
 // machine's memory is refused before it does.

@@ -3,6 +3,7 @@
 
 #include "batch.h"
 #include "console.h"
+#include "input.h"
 #include "options.h"
 
 int main(int argc, char** argv) {
@@ -11,6 +12,7 @@ int main(int argc, char** argv) {
     if (const auto code = parseOptions(argc, argv, options)) {
         return *code;
     }
+    limitMemory();
     Console console;
     options.toTerminal = console.outputIsTerminal();
     options.colours = console.colours();
