@@ -113,8 +113,7 @@ run_stage() {
         tests/windows/inspect $family build/windows-$family
       done
       tests/windows/run-x86
-      tests/windows/run-package x64 build/windows-x64 run
-      run_tests windows-x64
+      tests/windows/run-x64
       ;;
     install)
       tools/need build test install
