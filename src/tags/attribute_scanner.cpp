@@ -1,8 +1,9 @@
+#include "tags/attribute_scanner.h"
+
 #include <cstddef>
 #include <cstdint>
 
 #include "pageslice/records.h"
-#include "tags/attribute_scanner.h"
 
 namespace {
 
