@@ -43,9 +43,9 @@ struct ScanPrimitives {
     // where a step visits no tag of its own.
     void (*MarkTags)(const char* p, std::size_t nBlocks, bool bQuoted, TagSweep& sweep);
 
-    // Searches [p, pEnd) for the first '<' that the walk visits, of those alone that may open an image tag:
-    // a space, 'i' or 'I' follows. Gives it, with the state behind it; or null. How often a '<' is visited
-    // does not matter here.
+    // Searches [p, pEnd), which is not empty, for the first '<' that the walk visits, of those alone that may
+    // open an image tag: a space, 'i' or 'I' follows. Gives it, with the state behind it; or null. How often
+    // a '<' is visited does not matter here.
     const char* (*FindImage)(const char* p, const char* pEnd, VisitState& state);
 
     // Squeezes nBlocks whole blocks of a page to plain text. Gives the position behind what was written;
