@@ -44,7 +44,7 @@ inline std::uint64_t nAddWithCarry(std::uint64_t a, std::uint64_t b, std::uint64
     return nSum;
 }
 
-// Asks for the cache line of an address that is soon read.
+// Asks for the cache line of an address that is soon read; it may be any.
 inline void FetchLine(const void* p) noexcept {
 #if defined(__GNUC__)
     __builtin_prefetch(p);

@@ -1,4 +1,5 @@
 // 32 bytes at a time, with the bit instructions that come with this level.
+#include "platform/bits.h"
 #include "scan/byte_classes.h"
 #include "scan/vector_levels.h"
 
@@ -66,8 +67,6 @@ public:
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), _mm256_setzero_si256());
         _mm256_storeu_si256(reinterpret_cast<__m256i*>(p) + 1, _mm256_setzero_si256());
     }
-
-    static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
 
 private:
     static __m256i Blanks(__m256i bytes) noexcept {

@@ -1,4 +1,5 @@
 // A block in one register, compared into masks and squeezed by the processor itself.
+#include "platform/bits.h"
 #include "scan/byte_classes.h"
 #include "scan/vector_levels.h"
 
@@ -35,8 +36,6 @@ public:
     }
 
     static void Clear(char* p) noexcept { _mm512_storeu_si512(p, _mm512_setzero_si512()); }
-
-    static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
 
 private:
     __m512i m_bytes;

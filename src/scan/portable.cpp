@@ -46,8 +46,6 @@ public:
 
     static void Clear(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
 
-    static void Fetch(const char*) noexcept {}
-
 private:
     // The first byte stands in the lowest bits, whatever the processor's byte order.
     static std::uint64_t nLoad(const char* p) noexcept {

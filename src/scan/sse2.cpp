@@ -43,8 +43,6 @@ public:
         }
     }
 
-    static void Fetch(const char* p) noexcept { _mm_prefetch(p, _MM_HINT_T0); }
-
 private:
     static constexpr int PIECES = 4;
 
