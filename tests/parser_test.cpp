@@ -45,6 +45,10 @@ TEST(HtmlParser, HandsOutUrlLists) {
         const std::string lists = Lists(parser);
         EXPECT_EQ(parser.m_bInitialized, 1);
         EXPECT_EQ(Lists(parser), lists) << "the second call must not index again";
+        OpenParser copy(page, nullptr);
+        copy.InitializeHtmlFile();
+        copy = parser;
+        EXPECT_EQ(Lists(copy), lists);
         return lists;
     });
     RunCases("image sources", [](const text& row) {

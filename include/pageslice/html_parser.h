@@ -11,6 +11,7 @@
 #include "pageslice/url_map.h"
 
 class tag_img;
+struct ImageMark;
 
 // Tag codes. A closing tag has the code of its word plus TAG_END_OFFSET.
 enum : int {
@@ -157,6 +158,10 @@ protected:
     char* m_pUrl; // own copy, or null
     LanguageDetector m_language;
     int m_bInitialized; // 1 once the pass has started on this page
+
+    // What the pass saw of the image tags, so that the lists need not look for them once more; not copied.
+    std::vector<ImageMark> m_vImageMarks;
+    text m_tMarkedPage; // the marks hold for this page; empty while there are none
 
 private:
     int nFindLengthOfImageUrls() const;

@@ -9,6 +9,7 @@
 
 #include "output/output_text.h"
 #include "output/plain_text.h"
+#include "parser/image_walk.h"
 #include "parser/page_size.h"
 #include "scan/primitives.h"
 
@@ -58,6 +59,8 @@ HtmlParser& HtmlParser::operator=(const HtmlParser& other) {
     m_pUrl = pUrl.release();
     m_language = other.m_language;
     m_bInitialized = other.m_bInitialized;
+    m_vImageMarks.clear();
+    m_tMarkedPage.Clear();
     return *this;
 }
 
@@ -88,6 +91,8 @@ void HtmlParser::Clear() noexcept {
     m_vCellTexts.clear();
     m_vListItems.clear();
     m_bInitialized = 0;
+    m_vImageMarks.clear();
+    m_tMarkedPage.Clear();
 }
 
 int HtmlParser::bConvertHtmlToPlainText(char** ppText) {

@@ -4,26 +4,73 @@
 #include "parser/tag_scanner.h"
 #include "scan/tag_bounds.h"
 
+ImageWalk::ImageWalk(const text& page, const std::vector<ImageMark>& marks, const text& tMarkedPage) noexcept
+    : ImageWalk(page.m_pStart, page) {
+    if (tMarkedPage.m_pStart == page.m_pStart && tMarkedPage.m_pEnd == page.m_pEnd) {
+        m_pMark = marks.data();
+        m_pMarksEnd = m_pMark + marks.size();
+        m_bMarked = true;
+    }
+}
+
 const char* ImageWalk::pNext(tag_img& record) noexcept {
     constexpr int IMG_LENGTH = 3;
-    if (m_pFrom == nullptr || m_page.m_pEnd == nullptr) {
+    const char* const pName = pNextName();
+    if (pName == nullptr) {
+        return nullptr;
+    }
+    const char* const pStopped = record.pParse(pName + IMG_LENGTH, m_page);
+    if (const char* const pEnd = pFindTagEnd(pStopped, m_page); pEnd != nullptr) {
+        GoOnBehind(pEnd);
+    } else {
+        m_bMarked = false;
+        m_onwards.p = nullptr;
+    }
+    return pStopped;
+}
+
+// The name of the next image tag, or null.
+const char* ImageWalk::pNextName() noexcept {
+    if (m_bMarked) {
+        if (m_pMark == m_pMarksEnd) {
+            return nullptr;
+        }
+        if (m_pMark->pName != nullptr) {
+            return m_pMark->pName;
+        }
+        m_bMarked = false;
+        m_onwards = m_pMark->onwards;
+    }
+    return pSearch();
+}
+
+const char* ImageWalk::pSearch() noexcept {
+    if (m_onwards.p == nullptr || m_page.m_pEnd == nullptr) {
         return nullptr;
     }
     const char* const pPageEnd = m_page.m_pEnd + 1;
-    while (m_pFrom < pPageEnd) {
-        const char* const pOpen = Scan().FindImage(m_pFrom, pPageEnd, m_state);
+    while (m_onwards.p < pPageEnd) {
+        const char* const pOpen = Scan().FindImage(m_onwards.p, pPageEnd, m_onwards.state);
         if (pOpen == nullptr) {
             return nullptr;
         }
         const TagAt tag = GetTagAt(pOpen, pPageEnd);
         if (tag.nCode == TAG_IMG) {
-            const char* const pStopped = record.pParse(tag.pName + IMG_LENGTH, m_page);
-            const char* const pEnd = pFindTagEnd(pStopped, m_page);
-            m_pFrom = pEnd == nullptr ? nullptr : pEnd + 1;
-            m_state = VisitState();
-            return pStopped;
+            return tag.pName;
         }
-        m_pFrom = pOpen + 1;
+        m_onwards.p = pOpen + 1;
     }
     return nullptr;
+}
+
+// Along the marks, if the other walk began a step there too.
+void ImageWalk::GoOnBehind(const char* pEnd) noexcept {
+    m_onwards = {pEnd + 1, {}};
+    while (m_pMark != m_pMarksEnd && (m_pMark->pName == nullptr || m_pMark->onwards.p < m_onwards.p)) {
+        ++m_pMark;
+    }
+    m_bMarked = m_pMark != m_pMarksEnd && m_pMark->onwards.p == m_onwards.p;
+    if (m_bMarked) {
+        ++m_pMark;
+    }
 }

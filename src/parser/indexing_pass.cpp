@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "pageslice/html_parser.h"
+#include "parser/image_walk.h"
 #include "parser/page_size.h"
 #include "parser/tag_scanner.h"
 #include "parser/url_map_builder.h"
@@ -20,6 +21,9 @@ constexpr FirstCharacters MakeFirstCharacters() noexcept {
     for (const char c : {'h', 'o', 'u', 'H', 'O', 'U'}) {
         marks[static_cast<unsigned char>(c)] = OF_END_TAG;
     }
+    for (const char c : {'i', 'I'}) {
+        marks[static_cast<unsigned char>(c)] = OF_START_TAG;
+    }
     marks[' '] = OF_START_TAG; // the name stands behind spaces, and may be any
     return marks;
 }
@@ -29,6 +33,7 @@ constexpr FirstCharacters FIRST_CHARACTERS = MakeFirstCharacters();
 // Arrays start with the room that pages of this size usually fill, which is less than the page takes.
 constexpr std::size_t BYTES_PER_LINK = 384;
 constexpr std::size_t BYTES_PER_TEXT = 512;
+constexpr std::size_t BYTES_PER_IMAGE = 1024;
 
 std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept {
     constexpr std::size_t FEW = 8;
@@ -45,6 +50,7 @@ struct Index {
     std::vector<text>& vCellTexts;
     std::vector<text>& vListItems;
     UrlMap& urlMap;
+    std::vector<ImageMark>& vImageMarks;
 };
 
 // One walk over the page. A capture is a text whose start is set behind a start tag and whose end is found
@@ -60,12 +66,16 @@ public:
 private:
     bool bHandleTag(const TagAt& tag);
     template <class Record>
-    const char* pParse(Record& record, const char* pAttributes) noexcept;
+    const char* pParse(Record& record, const char* pAttributes);
     static bool bBeginBehind(const char* pTagEnd, text& tCapture) noexcept;
     text tCaptured(const text& tCapture) const noexcept;
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;
 
-    void Append(std::vector<text>& list, const text& t) const;
+    template <class Entry>
+    void Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) const;
+
+    void MarkImage(const char* pName);
+    void MarkParting();
 
     void CloseTitle() noexcept;
     void CloseAnchor();
@@ -97,6 +107,7 @@ void IndexingPass::Run() {
             tag = GetTagAt(pOpen, m_page.m_pEnd + 1);
         }
         if (!bHandleTag(tag)) {
+            MarkParting();
             return;
         }
     }
@@ -106,6 +117,7 @@ void IndexingPass::Run() {
 bool IndexingPass::bHandleTag(const TagAt& tag) {
     switch (tag.nCode) {
     case TAG_A: m_bInAnchor = true; return bBeginBehind(pParse(m_tagAnchor, tag.pName + 1), m_tAnchorText);
+    case TAG_IMG: MarkImage(tag.pName); return true;
     case TAG_TABLE: return pParse(m_index.tagTable, tag.pName + 5) != nullptr;
     case TAG_TD: return bBeginBehind(pParse(m_index.tagTd, tag.pName + 2), m_tCellText);
     case TAG_TH: return pParse(m_tagThScratch, tag.pName + 2) != nullptr;
@@ -144,10 +156,13 @@ bool IndexingPass::bHandleTag(const TagAt& tag) {
 // Reads the tag's attributes; the step then ends at the first '>' behind them, which this gives. Null when
 // the page ends inside the tag.
 template <class Record>
-const char* IndexingPass::pParse(Record& record, const char* pAttributes) noexcept {
+const char* IndexingPass::pParse(Record& record, const char* pAttributes) {
     const char* const pStopped = record.pParse(pAttributes, m_page);
     const char* const pEnd = pFindTagEnd(pStopped, m_page);
-    m_walk.ContinueBehind(pEnd);
+    if (!m_walk.bStepEndsAt(pEnd)) {
+        MarkParting();
+        m_walk.ContinueBehind(pEnd);
+    }
     return pEnd;
 }
 
@@ -170,11 +185,32 @@ bool IndexingPass::bFillsAtMostHalfThePage(const text& t) const noexcept {
     return nSpan / static_cast<double>(m_page.m_pEnd - m_page.m_pStart) <= 0.5;
 }
 
-void IndexingPass::Append(std::vector<text>& list, const text& t) const {
+template <class Entry>
+void IndexingPass::Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) const {
     if (list.empty()) {
-        list.reserve(nUsualCount(nPageSize(m_page), BYTES_PER_TEXT));
+        list.reserve(nUsualCount(nPageSize(m_page), nBytesPerEntry));
     }
-    list.push_back(t);
+    list.push_back(entry);
+}
+
+// Of several visits of one tag the last counts, whose step ends behind it.
+void IndexingPass::MarkImage(const char* pName) {
+    std::vector<ImageMark>& marks = m_index.vImageMarks;
+    const char* const pEnd = m_walk.pStepEnd();
+    const ImageMark mark{pName, {(pEnd == nullptr ? m_page.m_pEnd : pEnd) + 1, {}}};
+    if (!marks.empty() && marks.back().pName == pName) {
+        marks.back() = mark;
+    } else {
+        Append(marks, mark, BYTES_PER_IMAGE);
+    }
+}
+
+// The tag at hand ends elsewhere than its step, or ends the pass.
+void IndexingPass::MarkParting() {
+    std::vector<ImageMark>& marks = m_index.vImageMarks;
+    if (marks.empty() || marks.back().pName != nullptr) {
+        Append(marks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
+    }
 }
 
 void IndexingPass::CloseTitle() noexcept {
@@ -203,7 +239,7 @@ void IndexingPass::CloseCell() {
     if (m_tCellText.m_pStart != nullptr) {
         const text tCell = tCaptured(m_tCellText);
         if (tCell.IsEmpty() == 0 && bFillsAtMostHalfThePage(tCell)) {
-            Append(m_index.vCellTexts, tCell);
+            Append(m_index.vCellTexts, tCell, BYTES_PER_TEXT);
         }
     }
     DropCell();
@@ -211,7 +247,7 @@ void IndexingPass::CloseCell() {
 
 void IndexingPass::CloseListItem() {
     if (const text tItem = tCaptured(m_tListItem); tItem.IsEmpty() == 0) {
-        Append(m_index.vListItems, tItem);
+        Append(m_index.vListItems, tItem, BYTES_PER_TEXT);
     }
     m_tListItem.Clear();
 }
@@ -225,9 +261,13 @@ void IndexingPass::DropCell() noexcept {
 
 void HtmlParser::InitializeHtmlFile() {
     m_bInitialized = 1;
+    m_vImageMarks.clear();
+    m_tMarkedPage.Clear();
     if (nPageSize(m_tPage) == 0) {
         return;
     }
-    IndexingPass(m_tPage, {m_tagTr, m_tagTd, m_tagTable, m_tTitle, m_vCellTexts, m_vListItems, m_urlMap})
-        .Run();
+    const Index index{m_tagTr,      m_tagTd,      m_tagTable, m_tTitle,
+                      m_vCellTexts, m_vListItems, m_urlMap,   m_vImageMarks};
+    IndexingPass(m_tPage, index).Run();
+    m_tMarkedPage = m_tPage;
 }

@@ -42,11 +42,11 @@ inline TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
     while (pName < pPageEnd && *pName == ' ') {
         ++pName;
     }
-    const int nSlashes = pName < pPageEnd && *pName == '/' ? 1 : 0;
-    const char* const pWord = pName + nSlashes;
-    // The longest known word and what ends it are as long as these bytes.
-    const std::uint64_t nWord = nUpToNoLetter(nLoadWord(pWord, static_cast<std::size_t>(pPageEnd - pWord)));
-    return {pName, TAG_WORDS.nFind(nWord, TAG_UNKNOWN) + nSlashes * TAG_END_OFFSET};
+    // A word takes in a slash, the longest known name and what ends it.
+    const std::uint64_t nWord = nLoadWord(pName, static_cast<std::size_t>(pPageEnd - pName));
+    const int nSlashes = (nWord & 0xFF) == '/' ? 1 : 0;
+    return {pName,
+            TAG_WORDS.nFind(nUpToNoLetter(nWord >> (8 * nSlashes)), TAG_UNKNOWN) + nSlashes * TAG_END_OFFSET};
 }
 
 #endif

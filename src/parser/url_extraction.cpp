@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <climits>
 #include <cstddef>
 #include <memory>
@@ -22,12 +23,11 @@ constexpr int LINKS_AHEAD = 24;
 // The sources of a page's image tags, in page order, an empty one for a tag without a source.
 class ImageSources {
 public:
-    explicit ImageSources(const text& page) : m_page(page) {
-        ImageWalk walk(page.m_pStart, page);
+    ImageSources(const text& page, ImageWalk walk) : m_page(page) {
         tag_img record;
         while (walk.pNext(record) != nullptr) {
             if (m_sources.empty()) {
-                m_sources.reserve(USUAL_IMAGES);
+                m_sources.reserve(std::max(USUAL_IMAGES, walk.nMarks() + 1));
             }
             m_sources.push_back(record.m_urlSrc);
         }
@@ -62,7 +62,7 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
         InitializeHtmlFile();
     }
     // One walk over the page serves both the size and the entries.
-    const ImageSources sources(m_tPage);
+    const ImageSources sources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage));
     auto pImages = std::make_unique<UrlList>(sources.nBytesNeeded());
     sources.Fill(*pImages);
     pImages->pMoveFirst();
@@ -78,11 +78,11 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
 }
 
 int HtmlParser::nFindLengthOfImageUrls() const {
-    return ImageSources(m_tPage).nBytesNeeded();
+    return ImageSources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage)).nBytesNeeded();
 }
 
 void HtmlParser::FillImageUrls(UrlList* pList) const {
-    ImageSources(m_tPage).Fill(*pList);
+    ImageSources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage)).Fill(*pList);
 }
 
 int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
@@ -114,7 +114,7 @@ const char* HtmlParser::bGetNextImageTag(const char* p, tag_img& record) const n
 
 int HtmlParser::bIsImageInPage(url& source) const noexcept {
     tag_img record;
-    ImageWalk walk(m_tPage.m_pStart, m_tPage);
+    ImageWalk walk(m_tPage, m_vImageMarks, m_tMarkedPage);
     while (walk.pNext(record) != nullptr) {
         if (record.m_urlSrc == source) {
             return 1;

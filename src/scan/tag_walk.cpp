@@ -121,32 +121,38 @@ void TagWalk::DropSweep() noexcept {
 }
 
 // For a step whose end does not stand in the block of its '<'.
-const char* TagWalk::pFarStepEnd() noexcept {
+const char* TagWalk::pFarStepEndBefore(const char* pLimit) const noexcept {
+    const WalkPosition position = Position();
+    if (position.state.bWaiting) {
+        return position.p - 1;
+    }
+    return position.p < pLimit ? Scan().FindTagEnd(position.p, pLimit, position.state.bQuoted) : nullptr;
+}
+
+// The next step waits behind this one's end, where that is known; else the search for it goes on.
+WalkPosition TagWalk::Position() const noexcept {
+    constexpr bool WAITING = true;
     if (m_pEnd != nullptr) {
-        return m_pEnd;
+        return {m_pEnd + 1, {false, WAITING}};
     }
     if (m_pSwept == nullptr) {
-        m_pEnd = Scan().FindTagEnd(m_pFrom, m_pPageEnd, m_bQuoted);
-        return m_pEnd;
+        return {m_pFrom, {m_bQuoted, false}};
     }
-    for (std::size_t i = static_cast<std::size_t>(m_pOpen - m_pSwept) / SCAN_BLOCK + 1; i < m_sweep.nBlocks;
-         ++i) {
-        if (m_sweep.nCloses[i] != 0) {
-            return m_pSwept + i * SCAN_BLOCK + nLowestBit(m_sweep.nCloses[i]);
+    const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
+    std::uint64_t nBehindOpen = ~std::uint64_t{0} << nOpen % SCAN_BLOCK;
+    for (std::size_t i = nOpen / SCAN_BLOCK; i < m_sweep.nBlocks; ++i) {
+        if (const std::uint64_t nCloses = m_sweep.nCloses[i] & nBehindOpen; nCloses != 0) {
+            return {m_pSwept + i * SCAN_BLOCK + nLowestBit(nCloses) + 1, {false, WAITING}};
         }
+        nBehindOpen = ~std::uint64_t{0};
     }
-    const std::size_t nSwept = m_sweep.nBlocks * SCAN_BLOCK;
-    if (nSwept >= static_cast<std::size_t>(m_pPageEnd - m_pSwept)) {
-        return nullptr;
-    }
-    return Scan().FindTagEnd(m_pSwept + nSwept, m_pPageEnd, m_sweep.bQuotedAtEnd);
+    const auto nLeftOfPage = static_cast<std::size_t>(m_pPageEnd - m_pSwept);
+    const std::size_t nSwept = std::min(m_sweep.nBlocks * SCAN_BLOCK, nLeftOfPage);
+    return {m_pSwept + nSwept, {m_sweep.bQuotedAtEnd, !WAITING}};
 }
 
 void TagWalk::ContinueBehind(const char* pEnd) noexcept {
     if (m_pSwept != nullptr && m_pOpen != m_pLastVisit) {
-        if (pEnd == pStepEnd()) {
-            return; // what was swept holds
-        }
         m_nSweepBlocks = FIRST_SWEEP_BLOCKS;
     }
     DropSweep();

@@ -12,6 +12,12 @@
 enum FirstCharacter : unsigned char { OF_START_TAG = 1, OF_END_TAG = 2 };
 using FirstCharacters = std::array<unsigned char, 256>;
 
+// Where a walk goes on, and its state there; null when it is over.
+struct WalkPosition {
+    const char* p;
+    VisitState state;
+};
+
 // Walks a page from tag to tag. Each step starts at a position p: it visits the first '<' at or after p,
 // and it ends at pFindTagEnd(p), behind which the next step starts.
 //
@@ -35,7 +41,26 @@ public:
     const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextBehindSweep(); }
 
     // The '>' that ends the current step, or null when the page ends first.
-    const char* pStepEnd() noexcept {
+    const char* pStepEnd() const noexcept { return pStepEndBefore(m_pPageEnd); }
+
+    // Whether the current step ends at pEnd, or never, for null. Looks no further than there.
+    bool bStepEndsAt(const char* pEnd) const noexcept {
+        return pStepEndBefore(pEnd == nullptr ? m_pPageEnd : pEnd + 1) == pEnd;
+    }
+
+    // Ends the current step at pEnd instead; null ends the walk.
+    void ContinueBehind(const char* pEnd) noexcept;
+
+    // Where the walk goes on as long as nobody tells it otherwise.
+    WalkPosition Position() const noexcept;
+
+private:
+    const char* pTakeVisit() noexcept {
+        m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
+        return m_pOpen;
+    }
+    // Null when the step does not end before pLimit, unless it is known already where it does.
+    const char* pStepEndBefore(const char* pLimit) const noexcept {
         if (m_pSwept != nullptr && m_pEnd == nullptr) {
             // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends.
             const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
@@ -44,18 +69,9 @@ public:
                 return m_pOpen + nLowestBit(nCloses);
             }
         }
-        return pFarStepEnd();
+        return pFarStepEndBefore(pLimit);
     }
-
-    // Ends the current step at pEnd instead; null ends the walk.
-    void ContinueBehind(const char* pEnd) noexcept;
-
-private:
-    const char* pTakeVisit() noexcept {
-        m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
-        return m_pOpen;
-    }
-    const char* pFarStepEnd() noexcept;
+    const char* pFarStepEndBefore(const char* pLimit) const noexcept;
     const char* pNextBehindSweep() noexcept;
     bool bEndStep() noexcept;
     bool bSingleStep() noexcept;
