@@ -32,8 +32,8 @@ constexpr FirstCharacters FIRST_CHARACTERS = MakeFirstCharacters();
 
 // Arrays start with the room that pages of this size usually fill, which is less than the page takes.
 constexpr std::size_t BYTES_PER_LINK = 384;
-constexpr std::size_t BYTES_PER_TEXT = 512;
-constexpr std::size_t BYTES_PER_IMAGE = 1024;
+constexpr std::size_t BYTES_PER_TEXT = 256;
+constexpr std::size_t BYTES_PER_IMAGE = 512;
 
 std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept {
     constexpr std::size_t FEW = 8;
