@@ -86,14 +86,14 @@ private:
         std::uint32_t nNext;
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
-        bool bRed;
+        std::uint32_t nRed; // 1 or 0; no byte, which a compiler must take for a part of anything
     };
 
     void Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
     bool bIsRed(std::uint32_t nNode) const noexcept;
     int nSideOf(std::uint32_t nNode) const noexcept;
     void Rotate(std::uint32_t nNode, int nSide) noexcept;
-    std::uint32_t Rebalance(std::uint32_t nNode) noexcept;
+    std::size_t Rebalance(std::uint32_t nNode) noexcept;
 
     std::vector<value_type> m_entries;
     std::vector<Node> m_nodes;

@@ -81,7 +81,7 @@ void UrlMap::Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexc
 }
 
 bool UrlMap::bIsRed(std::uint32_t nNode) const noexcept {
-    return nNode != NO_NODE && m_nodes[nNode].bRed;
+    return nNode != NO_NODE && m_nodes[nNode].nRed != 0;
 }
 
 int UrlMap::nSideOf(std::uint32_t nNode) const noexcept {
@@ -109,20 +109,21 @@ void UrlMap::Rotate(std::uint32_t nNode, int nSide) noexcept {
     }
 }
 
-// The insertion fix-up: no red node keeps a red parent. Gives the node, if any, that went down below a child
-// of its own at last.
-std::uint32_t UrlMap::Rebalance(std::uint32_t nNode) noexcept {
-    std::uint32_t nLowered = NO_NODE;
+// The insertion fix-up: no red node keeps a red parent. At last a node may go down below a child of its own:
+// gives how many levels above the new node it stood, or 0.
+std::size_t UrlMap::Rebalance(std::uint32_t nNode) noexcept {
+    std::size_t nLevels = 2; // to the grandparent
     while (bIsRed(m_nodes[nNode].nParent)) {
         std::uint32_t nParent = m_nodes[nNode].nParent;
         const std::uint32_t nGrandparent = m_nodes[nParent].nParent;
         const int nSide = nSideOf(nParent);
         const std::uint32_t nUncle = m_nodes[nGrandparent].nChild[1 - nSide];
         if (bIsRed(nUncle)) {
-            m_nodes[nParent].bRed = false;
-            m_nodes[nUncle].bRed = false;
-            m_nodes[nGrandparent].bRed = true;
+            m_nodes[nParent].nRed = 0;
+            m_nodes[nUncle].nRed = 0;
+            m_nodes[nGrandparent].nRed = 1;
             nNode = nGrandparent;
+            nLevels += 2;
             continue;
         }
         if (nSideOf(nNode) != nSide) {
@@ -130,13 +131,13 @@ std::uint32_t UrlMap::Rebalance(std::uint32_t nNode) noexcept {
             nNode = nParent;
             nParent = m_nodes[nNode].nParent;
         }
-        m_nodes[nParent].bRed = false;
-        m_nodes[nGrandparent].bRed = true;
+        m_nodes[nParent].nRed = 0;
+        m_nodes[nGrandparent].nRed = 1;
         Rotate(nGrandparent, 1 - nSide);
-        nLowered = nGrandparent;
+        return nLevels;
     }
-    m_nodes[m_nRoot].bRed = false;
-    return nLowered;
+    m_nodes[m_nRoot].nRed = 0;
+    return 0;
 }
 
 UrlMapBuilder::UrlMapBuilder(UrlMap& map) noexcept : m_map(map) {
@@ -166,9 +167,9 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
         m_map.Reserve(std::max(FIRST_CAPACITY, 2 * m_map.m_nodes.size()));
     }
     m_map.m_entries.emplace_back(anchor, tLinkText);
-    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, place.nParent, {NONE, NONE}, true});
+    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, place.nParent, {NONE, NONE}, 1});
     m_map.Attach(nNew, place.nParent, place.nSide);
-    KeepSpine(place.nSteps, nNew, m_map.Rebalance(nNew));
+    KeepSpine(place, nNew, m_map.Rebalance(nNew));
 }
 
 UrlMapBuilder::Place UrlMapBuilder::FindPlace(const char* pLink, std::size_t nLength) const noexcept {
@@ -178,44 +179,36 @@ UrlMapBuilder::Place UrlMapBuilder::FindPlace(const char* pLink, std::size_t nLe
         ++nSteps;
     }
     if (nSteps == m_nDepth) {
-        return {nSteps, m_nDepth == 0 ? UrlMap::NO_NODE : m_spine[m_nDepth - 1].nNode, LEFT};
+        return {nSteps, nSteps, nSteps == 0 ? UrlMap::NO_NODE : m_spine[nSteps - 1].nNode, LEFT};
     }
     const UrlMap::Node* const pNodes = m_map.m_nodes.data();
-    Place place{nSteps, m_spine[nSteps].nNode, RIGHT};
+    Place place{nSteps, nSteps + 1, m_spine[nSteps].nNode, RIGHT};
     for (;;) {
         const std::uint32_t n = pNodes[place.nParent].nChild[place.nSide];
         if (n == UrlMap::NO_NODE) {
             return place;
         }
+        ++place.nDepth;
         place.nParent = n;
         place.nSide = newLink.bDiffersFrom(pNodes[n].pLink, pNodes[n].nLinkLength) ? LEFT : RIGHT;
     }
 }
 
-// The new node was reached by nSteps along the spine, then aside unless that was all of it. nLowered is the
-// node that went down in the tree.
-void UrlMapBuilder::KeepSpine(std::size_t nSteps, std::uint32_t nNew, std::uint32_t nLowered) noexcept {
-    const bool bAside = nSteps < m_nDepth;
-    if (!bAside) {
-        m_spine[m_nDepth++] = StepAt(nNew);
-    }
-    if (nLowered == UrlMap::NO_NODE) {
+// nLevels above the new node, a node went down in the tree, unless this is 0.
+void UrlMapBuilder::KeepSpine(const Place& place, std::uint32_t nNew, std::size_t nLevels) noexcept {
+    if (place.nDepth > place.nSteps) {
+        if (nLevels != 0 && place.nDepth - nLevels <= place.nSteps) {
+            FollowLeftSpine();
+        }
         return;
     }
-    std::size_t nAt = nSteps + 1; // the way to the new node, from its end
-    while (nAt > 0 && m_spine[nAt - 1].nNode != nLowered) {
-        --nAt;
-    }
-    if (nAt == 0) {
-        return;
-    }
-    if (bAside) {
-        FollowLeftSpine();
+    m_spine[m_nDepth++] = StepAt(nNew);
+    if (nLevels == 0) {
         return;
     }
     // Among left children, a node goes down to the right and leaves the spine.
-    for (; nAt < m_nDepth; ++nAt) {
-        m_spine[nAt - 1] = m_spine[nAt];
+    for (std::size_t i = place.nDepth - nLevels; i < place.nDepth; ++i) {
+        m_spine[i] = m_spine[i + 1];
     }
     --m_nDepth;
 }

@@ -23,9 +23,10 @@ private:
         std::size_t nLength;
         std::uint32_t nNode;
     };
-    // Where a new leaf hangs, and how many steps along the spine lead there.
+    // Where a new leaf hangs: its depth in the tree, and how many of the steps there are the spine's.
     struct Place {
         std::size_t nSteps;
+        std::size_t nDepth;
         std::uint32_t nParent;
         int nSide;
     };
@@ -35,7 +36,7 @@ private:
     Place FindPlace(const char* pLink, std::size_t nLength) const noexcept;
     Step StepAt(std::uint32_t nNode) const noexcept;
     void FollowLeftSpine() noexcept;
-    void KeepSpine(std::size_t nSteps, std::uint32_t nNew, std::uint32_t nLowered) noexcept;
+    void KeepSpine(const Place& place, std::uint32_t nNew, std::size_t nLevels) noexcept;
 
     UrlMap& m_map;
     std::array<Step, DEEPEST + 1> m_spine; // from the root; a new leaf stands in it for a moment

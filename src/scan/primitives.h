@@ -16,7 +16,8 @@ struct TagSweep {
     std::size_t nBlocks;                      // blocks described
     std::size_t nVisits;                      // entries of nOpens
     bool bQuotedAtEnd;                        // the bytes behind the last block begin inside quotes
-    std::uint64_t nCloses[SCAN_SWEEP_BLOCKS]; // per block: the '>' outside quotes
+    // Per block, the '>' outside quotes; behind the last block none.
+    std::uint64_t nCloses[SCAN_SWEEP_BLOCKS + 1];
     // Offsets of the '<' visited, ascending. At most one for every two bytes: each visit but the first
     // follows a '>'. Room for a few more, because they are written in groups.
     std::uint16_t nOpens[SCAN_SWEEP_BLOCKS * SCAN_BLOCK / 2 + 8];

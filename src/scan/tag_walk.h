@@ -62,11 +62,14 @@ private:
     // Null when the step does not end before pLimit, unless it is known already where it does.
     const char* pStepEndBefore(const char* pLimit) const noexcept {
         if (m_pSwept != nullptr && m_pEnd == nullptr) {
-            // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends.
+            // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends. It
+            // mostly stands among as many bytes as a block has.
             const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
-            const std::uint64_t nCloses = m_sweep.nCloses[nOpen / SCAN_BLOCK] >> nOpen % SCAN_BLOCK;
-            if (nCloses != 0) {
-                return m_pOpen + nLowestBit(nCloses);
+            const std::uint64_t* const pCloses = &m_sweep.nCloses[nOpen / SCAN_BLOCK];
+            const std::size_t nBefore = nOpen % SCAN_BLOCK;
+            const std::uint64_t nNear = pCloses[0] >> nBefore | pCloses[1] << 1 << (SCAN_BLOCK - 1 - nBefore);
+            if (nNear != 0) {
+                return m_pOpen + nLowestBit(nNear);
             }
         }
         return pFarStepEndBefore(pLimit);

@@ -67,7 +67,8 @@ inline NameAt ReadName(const char* p, const char* pPageEnd) noexcept {
 // See tag::pGetAttributeValue.
 inline const char* pScanValue(const char* p, const char* pPageEnd, text& value) noexcept {
     constexpr char QUOTE = '"';
-    p = pSkipClass(p, pPageEnd, BEFORE_VALUE);
+    const bool bNearlyAlways = pPageEnd - p > 1 && p[0] == '=' && p[1] == QUOTE;
+    p = bNearlyAlways ? p + 1 : pSkipClass(p, pPageEnd, BEFORE_VALUE);
     const bool bQuoted = p < pPageEnd && *p == QUOTE;
     if (bQuoted) {
         ++p;

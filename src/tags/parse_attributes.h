@@ -20,7 +20,8 @@ const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesV
     }
     const char* const pPageEnd = page.m_pEnd + 1;
     for (;;) {
-        const char* const pName = pSkipClass(q, pPageEnd, BEFORE_NAME);
+        // Nearly always one space stands between them.
+        const char* const pName = pSkipClass(q < pPageEnd && *q == ' ' ? q + 1 : q, pPageEnd, BEFORE_NAME);
         if (pName < pPageEnd && *pName == '>') {
             return q;
         }
