@@ -65,6 +65,8 @@ public:
     const_iterator end() const noexcept { return const_iterator(*this, NO_NODE); }
     std::size_t size() const noexcept { return m_entries.size(); }
     bool empty() const noexcept { return m_entries.empty(); }
+    // Whether a link URL holds a NUL.
+    bool bHasNuls() const noexcept { return m_bHasNuls; }
 
     // Makes room for as many entries in all, so that arrays need not grow on the way there. Throws
     // std::bad_alloc.
@@ -86,7 +88,7 @@ private:
         std::uint32_t nNext;
         std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
-        std::uint32_t nRed; // 1 or 0; no byte, which a compiler must take for a part of anything
+        std::uint32_t nRed;      // 1 or 0; no byte, which a compiler must take for a part of anything
     };
 
     void Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
@@ -99,6 +101,7 @@ private:
     std::vector<Node> m_nodes;
     std::uint32_t m_nRoot = NO_NODE;
     std::uint32_t m_nFirst = NO_NODE; // of the iteration
+    bool m_bHasNuls = false;
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -18,7 +19,45 @@ int nListSize(std::size_t n, const text& page) noexcept {
     return n > INT_MAX || nPageSize(page) > INT_MAX ? 0 : static_cast<int>(n);
 }
 
-constexpr int LINKS_AHEAD = 24;
+constexpr std::size_t PIECE = 64;
+
+// Whether a link ends so far before the page does that whole pieces can be read.
+bool bHasPieces(const text& link, const text& page) noexcept {
+    return link.m_pStart >= page.m_pStart && page.m_pEnd - link.m_pEnd >= static_cast<std::ptrdiff_t>(PIECE);
+}
+
+// Adds the links to a list where they take nSize bytes. They are copied in pieces of fixed size, mostly in
+// one. What that overwrites behind a link belongs to the next ones.
+void AddLinks(const UrlMap& links, const text& page, std::size_t nSize, UrlList& list) noexcept {
+    constexpr int LINKS_AHEAD = 24;
+    const auto nRoom = list.m_pBuffer == nullptr || list.m_pCursor > list.m_pLast
+                           ? 0
+                           : static_cast<std::size_t>(list.m_pLast - list.m_pCursor) + 1;
+    std::size_t nToCome = links.bHasNuls() || nSize > nRoom ? 0 : nSize;
+    // The links stand far apart in the page and in no order that the processor foresees.
+    auto ahead = links.begin();
+    for (int i = 0; i < LINKS_AHEAD && ahead != links.end(); ++i) {
+        ++ahead;
+    }
+    for (auto it = links.begin(); it != links.end(); ++it) {
+        if (ahead != links.end()) {
+            FetchLine(ahead.Link().m_pStart);
+            ++ahead;
+        }
+        const text link = it.Link();
+        const auto nLength = static_cast<std::size_t>(link.m_pEnd - link.m_pStart) + 1;
+        if (nToCome >= nLength + PIECE && bHasPieces(link, page)) {
+            for (std::size_t i = 0; i < nLength; i += PIECE) {
+                std::memcpy(list.m_pCursor + i, link.m_pStart + i, PIECE);
+            }
+            list.m_pCursor += nLength;
+            *list.m_pCursor++ = '\0';
+        } else {
+            list.bAddUrl(link);
+        }
+        nToCome -= std::min(nToCome, nLength + 1);
+    }
+}
 
 // The sources of a page's image tags, in page order, an empty one for a tag without a source.
 class ImageSources {
@@ -66,8 +105,9 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
     auto pImages = std::make_unique<UrlList>(sources.nBytesNeeded());
     sources.Fill(*pImages);
     pImages->pMoveFirst();
-    auto pLinks = std::make_unique<UrlList>(nFindLengthOfLinkUrls());
-    FillLinkUrls(pLinks.get());
+    const int nLinks = nFindLengthOfLinkUrls();
+    auto pLinks = std::make_unique<UrlList>(nLinks);
+    AddLinks(m_urlMap, m_tPage, static_cast<std::size_t>(nLinks), *pLinks);
     pLinks->pMoveFirst();
     if (ppImages != nullptr) {
         *ppImages = pImages.release();
@@ -94,18 +134,7 @@ int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
 }
 
 void HtmlParser::FillLinkUrls(UrlList* pList) const noexcept {
-    // The links stand far apart in the page and in no order that the processor foresees.
-    auto ahead = m_urlMap.begin();
-    for (int i = 0; i < LINKS_AHEAD && ahead != m_urlMap.end(); ++i) {
-        ++ahead;
-    }
-    for (auto it = m_urlMap.begin(); it != m_urlMap.end(); ++it) {
-        if (ahead != m_urlMap.end()) {
-            FetchLine(ahead.Link().m_pStart);
-            ++ahead;
-        }
-        pList->bAddUrl(it.Link());
-    }
+    AddLinks(m_urlMap, m_tPage, static_cast<std::size_t>(nFindLengthOfLinkUrls()), *pList);
 }
 
 const char* HtmlParser::bGetNextImageTag(const char* p, tag_img& record) const noexcept {

@@ -15,13 +15,14 @@ std::uint64_t nLastWord(const char* p, std::size_t n) noexcept {
     return nWord;
 }
 
+} // namespace
+
 // Asks the question of every descent: does the new link differ from another within the length of the
 // shorter one?
-class Comparison {
+class UrlMapBuilder::Comparison {
 public:
-    explicit Comparison(const char* pLink, std::size_t nLength) noexcept
-        : m_pLink(pLink), m_nLength(nLength),
-          m_nByWordFrom(std::memchr(pLink, '\0', nLength) == nullptr ? sizeof(std::uint64_t) : SIZE_MAX) {}
+    Comparison(const char* pLink, std::size_t nLength, bool bHasNul) noexcept
+        : m_pLink(pLink), m_nLength(nLength), m_nByWordFrom(bHasNul ? SIZE_MAX : sizeof(std::uint64_t)) {}
 
     bool bDiffersFrom(const char* pOther, std::size_t nOtherLength) const noexcept {
         const std::size_t nCommon = std::min(m_nLength, nOtherLength);
@@ -39,8 +40,6 @@ private:
     std::size_t m_nByWordFrom; // with so many characters in common, the last ones are looked at first
 };
 
-} // namespace
-
 void UrlMap::Reserve(std::size_t nEntries) {
     m_entries.reserve(nEntries);
     m_nodes.reserve(nEntries);
@@ -55,6 +54,7 @@ void UrlMap::Clear() noexcept {
     m_nodes.clear();
     m_nRoot = NO_NODE;
     m_nFirst = NO_NODE;
+    m_bHasNuls = false;
 }
 
 // Hangs a new leaf below its parent. In the order of iteration it stands right before the parent or right
@@ -159,7 +159,8 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
     constexpr std::uint32_t NONE = UrlMap::NO_NODE;
     const char* const pLink = anchor.m_urlHref.m_pStart;
     const auto nLength = static_cast<std::size_t>(anchor.m_urlHref.m_pEnd - pLink) + 1;
-    const Place place = FindPlace(pLink, nLength);
+    const bool bHasNul = std::memchr(pLink, '\0', nLength) != nullptr;
+    const Place place = FindPlace(Comparison(pLink, nLength, bHasNul));
 
     const auto nNew = static_cast<std::uint32_t>(m_map.m_entries.size());
     // Room for both before either changes, so that a failure leaves the map as it was.
@@ -168,12 +169,12 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
     }
     m_map.m_entries.emplace_back(anchor, tLinkText);
     m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, place.nParent, {NONE, NONE}, 1});
+    m_map.m_bHasNuls |= bHasNul;
     m_map.Attach(nNew, place.nParent, place.nSide);
     KeepSpine(place, nNew, m_map.Rebalance(nNew));
 }
 
-UrlMapBuilder::Place UrlMapBuilder::FindPlace(const char* pLink, std::size_t nLength) const noexcept {
-    const Comparison newLink(pLink, nLength);
+UrlMapBuilder::Place UrlMapBuilder::FindPlace(const Comparison& newLink) const noexcept {
     std::size_t nSteps = 0;
     while (nSteps < m_nDepth && newLink.bDiffersFrom(m_spine[nSteps].pLink, m_spine[nSteps].nLength)) {
         ++nSteps;

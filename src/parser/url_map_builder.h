@@ -33,7 +33,9 @@ private:
     // A red-black tree of n nodes is at most twice as high as the logarithm of n + 1, and n has 32 bits.
     static constexpr std::size_t DEEPEST = 64;
 
-    Place FindPlace(const char* pLink, std::size_t nLength) const noexcept;
+    class Comparison;
+
+    Place FindPlace(const Comparison& newLink) const noexcept;
     Step StepAt(std::uint32_t nNode) const noexcept;
     void FollowLeftSpine() noexcept;
     void KeepSpine(const Place& place, std::uint32_t nNew, std::size_t nLevels) noexcept;

@@ -13,9 +13,9 @@ constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that squeezing 
 
 // What one sweep over whole blocks found out about the tags in them.
 struct TagSweep {
-    std::size_t nBlocks;                      // blocks described
-    std::size_t nVisits;                      // entries of nOpens
-    bool bQuotedAtEnd;                        // the bytes behind the last block begin inside quotes
+    std::size_t nBlocks; // blocks described
+    std::size_t nVisits; // entries of nOpens
+    bool bQuotedAtEnd;   // the bytes behind the last block begin inside quotes
     // Per block, the '>' outside quotes; behind the last block none.
     std::uint64_t nCloses[SCAN_SWEEP_BLOCKS + 1];
     // Offsets of the '<' visited, ascending. At most one for every two bytes: each visit but the first
