@@ -12,23 +12,46 @@
 
 namespace {
 
-// The tags that the pass acts on begin with these.
-constexpr FirstCharacters MakeFirstCharacters() noexcept {
-    FirstCharacters marks{};
-    for (const char c : {'a', 'l', 't', 'A', 'L', 'T'}) {
-        marks[static_cast<unsigned char>(c)] = OF_START_TAG | OF_END_TAG;
-    }
-    for (const char c : {'h', 'o', 'u', 'H', 'O', 'U'}) {
-        marks[static_cast<unsigned char>(c)] = OF_END_TAG;
-    }
-    for (const char c : {'i', 'I'}) {
-        marks[static_cast<unsigned char>(c)] = OF_START_TAG;
-    }
-    marks[' '] = OF_START_TAG; // the name stands behind spaces, and may be any
-    return marks;
-}
+constexpr int TAG_BEHIND_SPACES = 255; // may be any
 
-constexpr FirstCharacters FIRST_CHARACTERS = MakeFirstCharacters();
+// The tags that the pass acts on.
+constexpr WantedTags WANTED_TAGS({
+    {"a ", TAG_A},
+    {"a>", TAG_A},
+    {"/a ", TAG_END_A},
+    {"/a>", TAG_END_A},
+    {"td ", TAG_TD},
+    {"td>", TAG_TD},
+    {"/td ", TAG_END_TD},
+    {"/td>", TAG_END_TD},
+    {"th ", TAG_TH},
+    {"th>", TAG_TH},
+    {"tr ", TAG_TR},
+    {"tr>", TAG_TR},
+    {"/tr ", TAG_END_TR},
+    {"/tr>", TAG_END_TR},
+    {"table ", TAG_TABLE},
+    {"table>", TAG_TABLE},
+    {"li ", TAG_LI},
+    {"li>", TAG_LI},
+    {"/table ", TAG_END_TABLE},
+    {"/table>", TAG_END_TABLE},
+    {"/li ", TAG_END_LI},
+    {"/li>", TAG_END_LI},
+    {"/ul ", TAG_END_UL},
+    {"/ul>", TAG_END_UL},
+    {"/ol ", TAG_END_OL},
+    {"/ol>", TAG_END_OL},
+    {"img ", TAG_IMG},
+    {"img>", TAG_IMG},
+    {"title ", TAG_TITLE},
+    {"title>", TAG_TITLE},
+    {"/title ", TAG_END_TITLE},
+    {"/title>", TAG_END_TITLE},
+    {"/html ", TAG_END_HTML},
+    {"/html>", TAG_END_HTML},
+    {" ", TAG_BEHIND_SPACES},
+});
 
 // Arrays start with the room that pages of this size usually fill, which is less than the page takes.
 constexpr std::size_t BYTES_PER_LINK = 384;
@@ -58,8 +81,7 @@ struct Index {
 class IndexingPass {
 public:
     IndexingPass(const text& page, const Index& index) noexcept
-        : m_page(page), m_index(index), m_walk(page.m_pStart, page, FIRST_CHARACTERS), m_links(index.urlMap) {
-    }
+        : m_page(page), m_index(index), m_walk(page.m_pStart, page, WANTED_TAGS), m_links(index.urlMap) {}
 
     void Run();
 
@@ -99,13 +121,17 @@ private:
 };
 
 void IndexingPass::Run() {
-    TagAt tag{nullptr, TAG_NONE};
+    TagAt tagBehindSpaces{nullptr, TAG_NONE};
     while (const char* const pOpen = m_walk.pNext()) {
-        // A tag may be visited many times over; its name is read once.
-        if (pOpen != m_pOpen) {
-            m_pOpen = pOpen;
-            tag = GetTagAt(pOpen, m_page.m_pEnd + 1);
+        TagAt tag{pOpen + 1, m_walk.nCode()};
+        if (tag.nCode == TAG_BEHIND_SPACES) {
+            // A tag may be visited many times over; its spaces are skipped once.
+            if (pOpen != m_pOpen) {
+                tagBehindSpaces = GetTagAt(pOpen, m_page.m_pEnd + 1);
+            }
+            tag = tagBehindSpaces;
         }
+        m_pOpen = pOpen;
         if (!bHandleTag(tag)) {
             MarkParting();
             return;

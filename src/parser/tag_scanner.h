@@ -25,7 +25,7 @@ struct TagAt {
 };
 
 // With what ends them.
-inline constexpr WordTable<34> TAG_WORDS({
+inline constexpr WordTable<8> TAG_WORDS({
     {"a ", TAG_A},         {"a>", TAG_A},         {"img ", TAG_IMG},       {"img>", TAG_IMG},
     {"table ", TAG_TABLE}, {"table>", TAG_TABLE}, {"td ", TAG_TD},         {"td>", TAG_TD},
     {"th ", TAG_TH},       {"th>", TAG_TH},       {"tr ", TAG_TR},         {"tr>", TAG_TR},

@@ -11,6 +11,10 @@ constexpr std::size_t SCAN_BLOCK = 64;                  // bytes that one mask d
 constexpr std::size_t SCAN_SWEEP_BLOCKS = 64;           // blocks in the longest sweep
 constexpr std::size_t SQUEEZE_OVERRUN = 2 * SCAN_BLOCK; // bytes that squeezing a block may read and overwrite
 
+// At most one '<' for every two bytes is visited: each visit but the first follows a '>'. Room for a few
+// more, because they are written in groups.
+constexpr std::size_t MOST_VISITS = SCAN_SWEEP_BLOCKS * SCAN_BLOCK / 2 + 8;
+
 // What one sweep over whole blocks found out about the tags in them.
 struct TagSweep {
     std::size_t nBlocks; // blocks described
@@ -18,9 +22,7 @@ struct TagSweep {
     bool bQuotedAtEnd;   // the bytes behind the last block begin inside quotes
     // Per block, the '>' outside quotes; behind the last block none.
     std::uint64_t nCloses[SCAN_SWEEP_BLOCKS + 1];
-    // Offsets of the '<' visited, ascending. At most one for every two bytes: each visit but the first
-    // follows a '>'. Room for a few more, because they are written in groups.
-    std::uint16_t nOpens[SCAN_SWEEP_BLOCKS * SCAN_BLOCK / 2 + 8];
+    std::uint16_t nOpens[MOST_VISITS]; // offsets of the '<' visited, ascending
 };
 
 // Where a search for tags of one kind stands.

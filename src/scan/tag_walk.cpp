@@ -14,7 +14,7 @@ constexpr std::size_t FIRST_SWEEP_BLOCKS = 4;
 
 // The sweep is large and read only as far as it was written.
 // cppcheck-suppress uninitMemberVar
-TagWalk::TagWalk(const char* pFrom, const text& page, const FirstCharacters& wanted) noexcept
+TagWalk::TagWalk(const char* pFrom, const text& page, const WantedTags& wanted) noexcept
     : m_wanted(wanted), m_pPageEnd(page.m_pEnd == nullptr ? nullptr : page.m_pEnd + 1), m_pFrom(pFrom),
       m_pSingleUntil(pFrom), m_nSweepBlocks(FIRST_SWEEP_BLOCKS) {}
 
@@ -24,7 +24,7 @@ const char* TagWalk::pNextBehindSweep() noexcept {
             if (!bSingleStep()) {
                 return nullptr;
             }
-            if (bHasRoomForName(m_pOpen) && nIsWanted(m_pOpen) != 0) {
+            if (bIsWanted(nLoadWord(m_pOpen + 1, nLeftBehind(m_pOpen)), m_nCode)) {
                 return m_pOpen;
             }
         } else if (bSweep()) {
@@ -88,29 +88,37 @@ bool TagWalk::bSweep() noexcept {
 // Moves the wanted visits to the front. Which tags follow each other is hard to foretell, so no branch hangs
 // on it.
 void TagWalk::KeepWanted() noexcept {
-    std::size_t nVisits = m_sweep.nVisits;
+    const std::size_t nVisits = m_sweep.nVisits;
     m_pLastVisit = m_pSwept + m_sweep.nOpens[nVisits - 1];
-    while (nVisits > 0 && !bHasRoomForName(m_pSwept + m_sweep.nOpens[nVisits - 1])) {
-        --nVisits;
+    std::size_t nWithWord = nVisits; // a whole word stands behind the first ones
+    while (nWithWord > 0 && nLeftBehind(m_pSwept + m_sweep.nOpens[nWithWord - 1]) < WORD_SIZE) {
+        --nWithWord;
     }
     std::size_t nWanted = 0;
-    for (std::size_t i = 0; i < nVisits; ++i) {
-        const std::uint16_t nOpen = m_sweep.nOpens[i];
+    const auto KeepIfWanted = [this, &nWanted](std::uint16_t nOpen, std::uint64_t nWord) {
+        int nCode = 0;
+        const bool bWanted = bIsWanted(nWord, nCode);
         m_sweep.nOpens[nWanted] = nOpen;
-        nWanted += nIsWanted(m_pSwept + nOpen);
+        m_nCodes[nWanted] = static_cast<std::uint16_t>(nCode);
+        nWanted += bWanted ? 1 : 0;
+    };
+    for (std::size_t i = 0; i < nWithWord; ++i) {
+        const std::uint16_t nOpen = m_sweep.nOpens[i];
+        KeepIfWanted(nOpen, nLoadWord(m_pSwept + nOpen + 1, WORD_SIZE));
+    }
+    for (std::size_t i = nWithWord; i < nVisits; ++i) {
+        const std::uint16_t nOpen = m_sweep.nOpens[i];
+        const char* const pOpen = m_pSwept + nOpen;
+        KeepIfWanted(nOpen, nLoadWord(pOpen + 1, nLeftBehind(pOpen)));
     }
     m_nWanted = nWanted;
 }
 
-// For a name of one letter and what ends it.
-bool TagWalk::bHasRoomForName(const char* pOpen) const noexcept {
-    return m_pPageEnd - pOpen > 2;
-}
-
-// 1 or 0; reads two bytes behind pOpen.
-unsigned TagWalk::nIsWanted(const char* pOpen) const noexcept {
-    const unsigned nSlashes = pOpen[1] == '/' ? 1 : 0;
-    return m_wanted[static_cast<unsigned char>(pOpen[1 + nSlashes])] >> nSlashes & 1;
+// For the word behind a '<': whether the tag is wanted, and its code. A slash counts as the name's first
+// letter.
+inline bool TagWalk::bIsWanted(std::uint64_t nWord, int& nCode) const noexcept {
+    const std::uint64_t nLetterBit = (nWord & 0xFF) == '/' ? 0x40 : 0;
+    return m_wanted.bFind(nUpToNoLetter(nWord, nLetterBit), nCode);
 }
 
 void TagWalk::DropSweep() noexcept {

@@ -7,10 +7,11 @@
 #include "pageslice/text.h"
 #include "platform/bits.h"
 #include "scan/primitives.h"
+#include "text/word_table.h"
 
-// By the first character of a name: whether the start tags, and the end tags, that begin with it are wanted.
-enum FirstCharacter : unsigned char { OF_START_TAG = 1, OF_END_TAG = 2 };
-using FirstCharacters = std::array<unsigned char, 256>;
+// The names of the tags that a walk hands out, each with what ends it and an end tag's with its slash; their
+// codes lie between 1 and 255. The name of a tag that begins with a space is " ".
+using WantedTags = WordTable<8>;
 
 // Where a walk goes on, and its state there; null when it is over.
 struct WalkPosition {
@@ -26,8 +27,8 @@ struct WalkPosition {
 // the next '"', past the tags in between. Whoever parses the tag's attributes knows better where it ends
 // and says so with ContinueBehind.
 //
-// Only wanted tags are handed out, as far as two bytes tell: the character behind the '<', or behind "</". A
-// tag that begins within the page's last two characters, without room for a name and its end, is not wanted.
+// Only wanted tags are handed out. Which they are is looked up for all tags of a sweep, before the first of
+// them is handed out: whoever acts on them need not wait for it.
 //
 // The walk sweeps the page in runs of blocks and hands out the visits of a sweep one after the other. Where
 // a '<' is visited more than once it takes single steps instead. As a whole it looks at each character a
@@ -35,10 +36,13 @@ struct WalkPosition {
 class TagWalk {
 public:
     // `wanted` is not copied.
-    TagWalk(const char* pFrom, const text& page, const FirstCharacters& wanted) noexcept;
+    TagWalk(const char* pFrom, const text& page, const WantedTags& wanted) noexcept;
 
     // Goes on to the next step that visits a wanted tag; gives its '<', or null when the walk is over.
     const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextBehindSweep(); }
+
+    // The code of the wanted tag at hand.
+    int nCode() const noexcept { return m_nCode; }
 
     // The '>' that ends the current step, or null when the page ends first.
     const char* pStepEnd() const noexcept { return pStepEndBefore(m_pPageEnd); }
@@ -56,7 +60,9 @@ public:
 
 private:
     const char* pTakeVisit() noexcept {
-        m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit++];
+        m_pOpen = m_pSwept + m_sweep.nOpens[m_nNextVisit];
+        m_nCode = m_nCodes[m_nNextVisit];
+        ++m_nNextVisit;
         return m_pOpen;
     }
     // Null when the step does not end before pLimit, unless it is known already where it does.
@@ -80,12 +86,14 @@ private:
     bool bSingleStep() noexcept;
     bool bSweep() noexcept;
     void KeepWanted() noexcept;
-    bool bHasRoomForName(const char* pOpen) const noexcept;
-    unsigned nIsWanted(const char* pOpen) const noexcept;
+    bool bIsWanted(std::uint64_t nWord, int& nCode) const noexcept;
+    std::size_t nLeftBehind(const char* pOpen) const noexcept {
+        return static_cast<std::size_t>(m_pPageEnd - pOpen) - 1;
+    }
     void DropSweep() noexcept;
     std::size_t nLeft() const noexcept { return static_cast<std::size_t>(m_pPageEnd - m_pFrom); }
 
-    const FirstCharacters& m_wanted;
+    const WantedTags& m_wanted;
     const char* m_pPageEnd;             // one past the last character
     const char* m_pFrom;                // the step, and what is left of the search for its end, starts here
     bool m_bQuoted = false;             // and inside quotes
@@ -95,10 +103,12 @@ private:
     const char* m_pSingleUntil;         // single steps are taken before this
     const char* m_pSwept = nullptr;     // start of the sweep whose visits are handed out
     const char* m_pLastVisit = nullptr; // the last '<' visited in that sweep, wanted or not
+    int m_nCode = 0;                    // of the tag at hand
     std::size_t m_nWanted = 0;          // the wanted visits are the sweep's first ones
     std::size_t m_nNextVisit = 0;
     std::size_t m_nSweepBlocks; // length of the next sweep
     TagSweep m_sweep;
+    std::array<std::uint16_t, MOST_VISITS> m_nCodes; // of the wanted visits
 };
 
 #endif

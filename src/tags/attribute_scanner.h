@@ -35,7 +35,7 @@ inline const char* pFindLastOfName(const char* p, const char* pPageEnd) noexcept
 // behind a shorter one.
 inline constexpr char WORD_MARK = '=';
 
-inline constexpr WordTable<20>
+inline constexpr WordTable<6>
     ATTRIBUTE_WORDS({{"src=", ATTR_SRC},         {"lowsrc=", ATTR_LOWSRC},  {"alt=", ATTR_ALT},
                      {"align=", ATTR_ALIGN},     {"height=", ATTR_HEIGHT},  {"width=", ATTR_WIDTH},
                      {"border=", ATTR_BORDER},   {"hspace=", ATTR_HSPACE},  {"vspace=", ATTR_VSPACE},

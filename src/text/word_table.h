@@ -33,9 +33,10 @@ constexpr std::uint64_t nFirstBytes(std::uint64_t nWord, std::size_t n) noexcept
     return nWord & ((std::uint64_t{1} << (8 * n)) - 1);
 }
 
-// The bytes of a word up to and including the first that has not the letters' bit.
-constexpr std::uint64_t nUpToNoLetter(std::uint64_t nWord) noexcept {
-    const std::uint64_t nEnds = ~nWord & WORD_LETTER_BITS;
+// The bytes of a word up to and including the first that has not the letters' bit, neither itself nor in
+// nLetters.
+constexpr std::uint64_t nUpToNoLetter(std::uint64_t nWord, std::uint64_t nLetters = 0) noexcept {
+    const std::uint64_t nEnds = ~(nWord | nLetters) & WORD_LETTER_BITS;
     const std::uint64_t nUpToEnd = nEnds ^ (nEnds - 1); // but for that byte's highest bit
     return nWord & (nUpToEnd << 1 | 1);
 }
@@ -45,9 +46,9 @@ inline std::size_t nCountLetters(std::uint64_t nWord) noexcept {
     return nLowestBitOrAny(~nWord & WORD_LETTER_BITS) / 8;
 }
 
-// Codes of N keywords of small letters, which may end in a character without the letters' bit. They are
-// found whatever the case of a word.
-template <std::size_t N>
+// Codes of keywords of small letters, which may begin and end in a character without the letters' bit. They
+// are found whatever the case of a word.
+template <unsigned SLOT_BITS>
 class WordTable {
 public:
     struct Entry {
@@ -55,6 +56,7 @@ public:
         int nCode;
     };
 
+    template <std::size_t N>
     constexpr explicit WordTable(const Entry (&entries)[N]) noexcept {
         // Multipliers are tried until no two keywords share a slot.
         for (m_nMultiplier = 0x9E3779B97F4A7C15; !bFill(entries); m_nMultiplier += 0x2545F4914F6CDD1E) {
@@ -64,10 +66,17 @@ public:
     // The code of a word padded with zeros; nUnknown when it is no keyword. Zeros at the word's own end look
     // like padding: a caller whose words may have them closes words and keywords by a mark.
     constexpr int nFind(std::uint64_t nWord, int nUnknown) const noexcept {
+        int nCode = 0;
+        return bFind(nWord, nCode) ? nCode : nUnknown;
+    }
+
+    // Whether a word is a keyword, and its code; any code when it is none.
+    constexpr bool bFind(std::uint64_t nWord, int& nCode) const noexcept {
         // The bit that makes a capital small. Of what it changes, only capitals become letters.
         const std::uint64_t nFolded = nWord | (nWord & WORD_LETTER_BITS) >> 1;
         const Slot& slot = m_slots[nSlotOf(nFolded)];
-        return slot.nWord == nFolded ? slot.nCode : nUnknown;
+        nCode = slot.nCode;
+        return slot.nWord == nFolded;
     }
 
 private:
@@ -75,12 +84,11 @@ private:
         std::uint64_t nWord = 0;
         int nCode = 0;
     };
-    static constexpr unsigned SLOT_BITS = N > 24 ? 8 : 6;
-
     constexpr std::size_t nSlotOf(std::uint64_t nWord) const noexcept {
         return static_cast<std::size_t>((nWord * m_nMultiplier) >> (64 - SLOT_BITS));
     }
 
+    template <std::size_t N>
     constexpr bool bFill(const Entry (&entries)[N]) noexcept {
         for (Slot& slot : m_slots) {
             slot = {~std::uint64_t{0}, 0}; // no word is this
