@@ -86,16 +86,16 @@ private:
         std::size_t nLinkLength;
         std::uint32_t nPrevious; // in the order of iteration
         std::uint32_t nNext;
-        std::uint32_t nParent;
         std::uint32_t nChild[2]; // left, right
         std::uint32_t nRed;      // 1 or 0; no byte, which a compiler must take for a part of anything
     };
 
-    void Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
+    std::size_t Hang(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept;
+    void PutBeside(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
     bool bIsRed(std::uint32_t nNode) const noexcept;
-    int nSideOf(std::uint32_t nNode) const noexcept;
-    void Rotate(std::uint32_t nNode, int nSide) noexcept;
-    std::size_t Rebalance(std::uint32_t nNode) noexcept;
+    int nSideOf(std::uint32_t nNode, std::uint32_t nParent) const noexcept;
+    void Rotate(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
+    std::size_t Rebalance(std::uint32_t* pPath, std::size_t nDepth) noexcept;
 
     std::vector<value_type> m_entries;
     std::vector<Node> m_nodes;

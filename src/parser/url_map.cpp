@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -21,22 +22,21 @@ std::uint64_t nLastWord(const char* p, std::size_t n) noexcept {
 // shorter one?
 class UrlMapBuilder::Comparison {
 public:
-    Comparison(const char* pLink, std::size_t nLength, bool bHasNul) noexcept
-        : m_pLink(pLink), m_nLength(nLength), m_nByWordFrom(bHasNul ? SIZE_MAX : sizeof(std::uint64_t)) {}
+    Comparison(const Link& link, bool bHasNul) noexcept
+        : m_link(link), m_nByWordFrom(bHasNul ? SIZE_MAX : sizeof(std::uint64_t)) {}
 
-    bool bDiffersFrom(const char* pOther, std::size_t nOtherLength) const noexcept {
-        const std::size_t nCommon = std::min(m_nLength, nOtherLength);
+    bool bDiffersFrom(const Link& other) const noexcept {
+        const std::size_t nCommon = std::min(m_link.nLength, other.nLength);
         // Links of one page begin alike and end differently. A NUL at the same place in both ends the
         // comparison, but without one in the new link there is no such place.
-        if (nCommon >= m_nByWordFrom && nLastWord(m_pLink, nCommon) != nLastWord(pOther, nCommon)) {
+        if (nCommon >= m_nByWordFrom && nLastWord(m_link.p, nCommon) != nLastWord(other.p, nCommon)) {
             return true;
         }
-        return std::strncmp(m_pLink, pOther, nCommon) != 0;
+        return std::strncmp(m_link.p, other.p, nCommon) != 0;
     }
 
 private:
-    const char* m_pLink;
-    std::size_t m_nLength;
+    Link m_link;
     std::size_t m_nByWordFrom; // with so many characters in common, the last ones are looked at first
 };
 
@@ -57,15 +57,23 @@ void UrlMap::Clear() noexcept {
     m_bHasNuls = false;
 }
 
-// Hangs a new leaf below its parent. In the order of iteration it stands right before the parent or right
-// behind it, and no rotation changes that.
-void UrlMap::Attach(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept {
-    if (nParent == NO_NODE) {
+// Hangs a new leaf, the last node of a path that begins at the root, on a side of the one before. Gives what
+// Rebalance gives.
+std::size_t UrlMap::Hang(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept {
+    const std::uint32_t nNode = pPath[nDepth];
+    if (nDepth == 0) {
         m_nRoot = nNode;
         m_nFirst = nNode;
-        return;
+    } else {
+        m_nodes[pPath[nDepth - 1]].nChild[nSide] = nNode;
+        PutBeside(nNode, pPath[nDepth - 1], nSide);
     }
-    m_nodes[nParent].nChild[nSide] = nNode;
+    return Rebalance(pPath, nDepth);
+}
+
+// In the order of iteration a leaf stands right before its parent or right behind it, and no rotation changes
+// that.
+void UrlMap::PutBeside(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept {
     const std::uint32_t nPrevious = nSide == LEFT ? m_nodes[nParent].nPrevious : nParent;
     const std::uint32_t nNext = nSide == LEFT ? nParent : m_nodes[nParent].nNext;
     m_nodes[nNode].nPrevious = nPrevious;
@@ -84,74 +92,62 @@ bool UrlMap::bIsRed(std::uint32_t nNode) const noexcept {
     return nNode != NO_NODE && m_nodes[nNode].nRed != 0;
 }
 
-int UrlMap::nSideOf(std::uint32_t nNode) const noexcept {
-    return m_nodes[m_nodes[nNode].nParent].nChild[LEFT] == nNode ? LEFT : RIGHT;
+int UrlMap::nSideOf(std::uint32_t nNode, std::uint32_t nParent) const noexcept {
+    return m_nodes[nParent].nChild[LEFT] == nNode ? LEFT : RIGHT;
 }
 
 // Turns the node down to the given side; its child on the other side takes its place.
-void UrlMap::Rotate(std::uint32_t nNode, int nSide) noexcept {
+void UrlMap::Rotate(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept {
     const int nOther = 1 - nSide;
     const std::uint32_t nRising = m_nodes[nNode].nChild[nOther];
-    const std::uint32_t nInner = m_nodes[nRising].nChild[nSide];
-    const std::uint32_t nParent = m_nodes[nNode].nParent;
-
     if (nParent == NO_NODE) {
         m_nRoot = nRising;
     } else {
-        m_nodes[nParent].nChild[nSideOf(nNode)] = nRising;
+        m_nodes[nParent].nChild[nSideOf(nNode, nParent)] = nRising;
     }
-    m_nodes[nRising].nParent = nParent;
+    m_nodes[nNode].nChild[nOther] = m_nodes[nRising].nChild[nSide];
     m_nodes[nRising].nChild[nSide] = nNode;
-    m_nodes[nNode].nParent = nRising;
-    m_nodes[nNode].nChild[nOther] = nInner;
-    if (nInner != NO_NODE) {
-        m_nodes[nInner].nParent = nNode;
-    }
 }
 
-// The insertion fix-up: no red node keeps a red parent. At last a node may go down below a child of its own:
-// gives how many levels above the new node it stood, or 0.
-std::size_t UrlMap::Rebalance(std::uint32_t nNode) noexcept {
-    std::size_t nLevels = 2; // to the grandparent
-    while (bIsRed(m_nodes[nNode].nParent)) {
-        std::uint32_t nParent = m_nodes[nNode].nParent;
-        const std::uint32_t nGrandparent = m_nodes[nParent].nParent;
-        const int nSide = nSideOf(nParent);
+// The insertion fix-up for the last node of a path that begins at the root: no red node keeps a red parent.
+// At last a node may go down below a child of its own: gives how deep it stood, or nDepth when none did. The
+// deepest nodes of the path may have changed places.
+std::size_t UrlMap::Rebalance(std::uint32_t* pPath, std::size_t nDepth) noexcept {
+    std::size_t n = nDepth; // of the red node
+    while (n >= 2 && bIsRed(pPath[n - 1])) {
+        const std::uint32_t nParent = pPath[n - 1];
+        const std::uint32_t nGrandparent = pPath[n - 2];
+        const int nSide = nSideOf(nParent, nGrandparent);
         const std::uint32_t nUncle = m_nodes[nGrandparent].nChild[1 - nSide];
+        m_nodes[nGrandparent].nRed = 1;
         if (bIsRed(nUncle)) {
             m_nodes[nParent].nRed = 0;
             m_nodes[nUncle].nRed = 0;
-            m_nodes[nGrandparent].nRed = 1;
-            nNode = nGrandparent;
-            nLevels += 2;
+            n -= 2;
             continue;
         }
-        if (nSideOf(nNode) != nSide) {
-            Rotate(nParent, nSide);
-            nNode = nParent;
-            nParent = m_nodes[nNode].nParent;
+        if (nSideOf(pPath[n], nParent) != nSide) {
+            Rotate(nParent, nGrandparent, nSide);
+            std::swap(pPath[n - 1], pPath[n]);
         }
-        m_nodes[nParent].nRed = 0;
-        m_nodes[nGrandparent].nRed = 1;
-        Rotate(nGrandparent, 1 - nSide);
-        return nLevels;
+        m_nodes[pPath[n - 1]].nRed = 0;
+        Rotate(nGrandparent, n >= 3 ? pPath[n - 3] : NO_NODE, 1 - nSide);
+        return n - 2;
     }
     m_nodes[m_nRoot].nRed = 0;
-    return 0;
+    return nDepth;
 }
 
 UrlMapBuilder::UrlMapBuilder(UrlMap& map) noexcept : m_map(map) {
     FollowLeftSpine();
 }
 
-UrlMapBuilder::Step UrlMapBuilder::StepAt(std::uint32_t nNode) const noexcept {
-    return {m_map.m_nodes[nNode].pLink, m_map.m_nodes[nNode].nLinkLength, nNode};
-}
-
 void UrlMapBuilder::FollowLeftSpine() noexcept {
-    m_nDepth = 0;
+    m_nSteps = 0;
     for (std::uint32_t n = m_map.m_nRoot; n != UrlMap::NO_NODE; n = m_map.m_nodes[n].nChild[LEFT]) {
-        m_spine[m_nDepth++] = StepAt(n);
+        m_spine[m_nSteps] = n;
+        m_links[m_nSteps] = {m_map.m_nodes[n].pLink, m_map.m_nodes[n].nLinkLength};
+        ++m_nSteps;
     }
 }
 
@@ -160,7 +156,6 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
     const char* const pLink = anchor.m_urlHref.m_pStart;
     const auto nLength = static_cast<std::size_t>(anchor.m_urlHref.m_pEnd - pLink) + 1;
     const bool bHasNul = std::memchr(pLink, '\0', nLength) != nullptr;
-    const Place place = FindPlace(Comparison(pLink, nLength, bHasNul));
 
     const auto nNew = static_cast<std::uint32_t>(m_map.m_entries.size());
     // Room for both before either changes, so that a failure leaves the map as it was.
@@ -168,48 +163,64 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
         m_map.Reserve(std::max(FIRST_CAPACITY, 2 * m_map.m_nodes.size()));
     }
     m_map.m_entries.emplace_back(anchor, tLinkText);
-    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, place.nParent, {NONE, NONE}, 1});
+    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, {NONE, NONE}, 1});
     m_map.m_bHasNuls |= bHasNul;
-    m_map.Attach(nNew, place.nParent, place.nSide);
-    KeepSpine(place, nNew, m_map.Rebalance(nNew));
+
+    const Comparison newLink({pLink, nLength}, bHasNul);
+    const std::size_t nSteps = nStepsAlongSpine(newLink);
+    const bool bAside = nSteps < m_nSteps;
+    Path aside;
+    Place place{m_spine.data(), nSteps, LEFT};
+    if (bAside) {
+        std::copy_n(m_spine.begin(), nSteps + 1, aside.begin());
+        place = FindAside(newLink, aside.data(), nSteps);
+    } else {
+        m_links[m_nSteps++] = {pLink, nLength};
+    }
+    place.pPath[place.nDepth] = nNew;
+    const std::size_t nLowered = m_map.Hang(place.pPath, place.nDepth, place.nSide);
+    if (!bAside) {
+        KeepSpine(nLowered);
+    } else if (nLowered <= nSteps) {
+        FollowLeftSpine();
+    }
 }
 
-UrlMapBuilder::Place UrlMapBuilder::FindPlace(const Comparison& newLink) const noexcept {
-    std::size_t nSteps = 0;
-    while (nSteps < m_nDepth && newLink.bDiffersFrom(m_spine[nSteps].pLink, m_spine[nSteps].nLength)) {
-        ++nSteps;
+// How many nodes of the spine the new link differs from, up to the first that it does not differ from.
+std::size_t UrlMapBuilder::nStepsAlongSpine(const Comparison& newLink) const noexcept {
+    const Link* const pFirst = m_links.data();
+    const Link* const pEnd = pFirst + m_nSteps;
+    const Link* p = pFirst;
+    while (p != pEnd && newLink.bDiffersFrom(*p)) {
+        ++p;
     }
-    if (nSteps == m_nDepth) {
-        return {nSteps, nSteps, nSteps == 0 ? UrlMap::NO_NODE : m_spine[nSteps - 1].nNode, LEFT};
-    }
-    const UrlMap::Node* const pNodes = m_map.m_nodes.data();
-    Place place{nSteps, nSteps + 1, m_spine[nSteps].nNode, RIGHT};
+    return static_cast<std::size_t>(p - pFirst);
+}
+
+// The rest of a path that turns to the right at a depth.
+UrlMapBuilder::Place UrlMapBuilder::FindAside(const Comparison& newLink, std::uint32_t* pPath,
+                                              std::size_t nDepth) const noexcept {
+    int nSide = RIGHT;
     for (;;) {
-        const std::uint32_t n = pNodes[place.nParent].nChild[place.nSide];
+        const std::uint32_t n = m_map.m_nodes[pPath[nDepth]].nChild[nSide];
+        ++nDepth;
         if (n == UrlMap::NO_NODE) {
-            return place;
+            return {pPath, nDepth, nSide};
         }
-        ++place.nDepth;
-        place.nParent = n;
-        place.nSide = newLink.bDiffersFrom(pNodes[n].pLink, pNodes[n].nLinkLength) ? LEFT : RIGHT;
+        pPath[nDepth] = n;
+        nSide = newLink.bDiffersFrom({m_map.m_nodes[n].pLink, m_map.m_nodes[n].nLinkLength}) ? LEFT : RIGHT;
     }
 }
 
-// nLevels above the new node, a node went down in the tree, unless this is 0.
-void UrlMapBuilder::KeepSpine(const Place& place, std::uint32_t nNew, std::size_t nLevels) noexcept {
-    if (place.nDepth > place.nSteps) {
-        if (nLevels != 0 && place.nDepth - nLevels <= place.nSteps) {
-            FollowLeftSpine();
-        }
+// After a new leaf on the spine. Among left children, the node that went down did so to the right, and left
+// the spine.
+void UrlMapBuilder::KeepSpine(std::size_t nLowered) noexcept {
+    if (nLowered == m_nSteps - 1) {
         return;
     }
-    m_spine[m_nDepth++] = StepAt(nNew);
-    if (nLevels == 0) {
-        return;
-    }
-    // Among left children, a node goes down to the right and leaves the spine.
-    for (std::size_t i = place.nDepth - nLevels; i < place.nDepth; ++i) {
+    --m_nSteps;
+    for (std::size_t i = nLowered; i < m_nSteps; ++i) {
+        m_links[i] = m_links[i + 1];
         m_spine[i] = m_spine[i + 1];
     }
-    --m_nDepth;
 }

@@ -18,31 +18,33 @@ public:
     void Insert(const tag_a& anchor, const text& tLinkText);
 
 private:
-    struct Step {
-        const char* pLink;
+    struct Link {
+        const char* p;
         std::size_t nLength;
-        std::uint32_t nNode;
     };
-    // Where a new leaf hangs: its depth in the tree, and how many of the steps there are the spine's.
-    struct Place {
-        std::size_t nSteps;
-        std::size_t nDepth;
-        std::uint32_t nParent;
-        int nSide;
-    };
-    // A red-black tree of n nodes is at most twice as high as the logarithm of n + 1, and n has 32 bits.
-    static constexpr std::size_t DEEPEST = 64;
-
     class Comparison;
 
-    Place FindPlace(const Comparison& newLink) const noexcept;
-    Step StepAt(std::uint32_t nNode) const noexcept;
+    // A red-black tree of n nodes is at most twice as high as the logarithm of n + 1, and n has 32 bits.
+    static constexpr std::size_t DEEPEST = 64;
+    // Nodes from the root on, each a child of the one before; a new leaf stands in it for a moment.
+    using Path = std::array<std::uint32_t, DEEPEST + 1>;
+
+    // Where a new leaf hangs: the path to it, and its side.
+    struct Place {
+        std::uint32_t* pPath;
+        std::size_t nDepth;
+        int nSide;
+    };
+
     void FollowLeftSpine() noexcept;
-    void KeepSpine(const Place& place, std::uint32_t nNew, std::size_t nLevels) noexcept;
+    std::size_t nStepsAlongSpine(const Comparison& newLink) const noexcept;
+    Place FindAside(const Comparison& newLink, std::uint32_t* pPath, std::size_t nDepth) const noexcept;
+    void KeepSpine(std::size_t nLowered) noexcept;
 
     UrlMap& m_map;
-    std::array<Step, DEEPEST + 1> m_spine; // from the root; a new leaf stands in it for a moment
-    std::size_t m_nDepth = 0;
+    Path m_spine;
+    std::array<Link, DEEPEST + 1> m_links; // of its nodes
+    std::size_t m_nSteps = 0;
 };
 
 #endif
