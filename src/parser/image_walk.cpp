@@ -2,6 +2,7 @@
 
 #include "pageslice/html_parser.h"
 #include "parser/tag_scanner.h"
+#include "platform/bits.h"
 #include "scan/tag_bounds.h"
 
 ImageWalk::ImageWalk(const text& page, const std::vector<ImageMark>& marks, const text& tMarkedPage) noexcept
@@ -35,6 +36,7 @@ const char* ImageWalk::pNextName() noexcept {
         if (m_pMark == m_pMarksEnd) {
             return nullptr;
         }
+        FetchMarkAhead();
         if (m_pMark->pName != nullptr) {
             return m_pMark->pName;
         }
@@ -42,6 +44,15 @@ const char* ImageWalk::pNextName() noexcept {
         m_onwards = m_pMark->onwards;
     }
     return pSearch();
+}
+
+// In a large page the image tags stand far apart, where the processor does not expect them.
+void ImageWalk::FetchMarkAhead() const noexcept {
+    constexpr std::ptrdiff_t MARKS_AHEAD = 8;
+    constexpr std::uintptr_t USUAL_TAG = 128;
+    if (m_pMarksEnd - m_pMark > MARKS_AHEAD) {
+        FetchLines<USUAL_TAG>(m_pMark[MARKS_AHEAD].pName);
+    }
 }
 
 const char* ImageWalk::pSearch() noexcept {

@@ -37,6 +37,7 @@ public:
 
 private:
     const char* pNextName() noexcept;
+    void FetchMarkAhead() const noexcept;
     const char* pSearch() noexcept;
     void GoOnBehind(const char* pEnd) noexcept;
 

@@ -19,6 +19,11 @@ int nListSize(std::size_t n, const text& page) noexcept {
     return n > INT_MAX || nPageSize(page) > INT_MAX ? 0 : static_cast<int>(n);
 }
 
+// URLs stand far apart in a page, links also in no order that the processor foresees: their characters are
+// asked for ahead.
+constexpr std::size_t URLS_AHEAD = 24;
+constexpr std::uintptr_t USUAL_URL = 64;
+
 constexpr std::size_t PIECE = 64;
 
 // Whether a link ends so far before the page does that whole pieces can be read.
@@ -29,19 +34,17 @@ bool bHasPieces(const text& link, const text& page) noexcept {
 // Adds the links to a list where they take nSize bytes. They are copied in pieces of fixed size, mostly in
 // one. What that overwrites behind a link belongs to the next ones.
 void AddLinks(const UrlMap& links, const text& page, std::size_t nSize, UrlList& list) noexcept {
-    constexpr int LINKS_AHEAD = 24;
     const auto nRoom = list.m_pBuffer == nullptr || list.m_pCursor > list.m_pLast
                            ? 0
                            : static_cast<std::size_t>(list.m_pLast - list.m_pCursor) + 1;
     std::size_t nToCome = links.bHasNuls() || nSize > nRoom ? 0 : nSize;
-    // The links stand far apart in the page and in no order that the processor foresees.
     auto ahead = links.begin();
-    for (int i = 0; i < LINKS_AHEAD && ahead != links.end(); ++i) {
+    for (std::size_t i = 0; i < URLS_AHEAD && ahead != links.end(); ++i) {
         ++ahead;
     }
     for (auto it = links.begin(); it != links.end(); ++it) {
         if (ahead != links.end()) {
-            FetchLine(ahead.Link().m_pStart);
+            FetchLines<USUAL_URL>(ahead.Link().m_pStart);
             ++ahead;
         }
         const text link = it.Link();
@@ -82,8 +85,11 @@ public:
     }
 
     void Fill(UrlList& list) const noexcept {
-        for (const text& source : m_sources) {
-            list.bAddUrl(source);
+        for (std::size_t i = 0; i < m_sources.size(); ++i) {
+            if (m_sources.size() - i > URLS_AHEAD) {
+                FetchLines<USUAL_URL>(m_sources[i + URLS_AHEAD].m_pStart);
+            }
+            list.bAddUrl(m_sources[i]);
         }
     }
 

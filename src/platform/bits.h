@@ -53,4 +53,14 @@ inline void FetchLine(const void* p) noexcept {
 #endif
 }
 
+// The same for what stands at an address and is rarely longer than SIZE bytes.
+template <std::uintptr_t SIZE>
+void FetchLines(const char* p) noexcept {
+    constexpr std::uintptr_t LINE = 64;
+    for (std::uintptr_t n = 0; n <= SIZE; n += LINE) {
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): the address may lie behind the array
+        FetchLine(reinterpret_cast<const char*>(reinterpret_cast<std::uintptr_t>(p) + n));
+    }
+}
+
 #endif

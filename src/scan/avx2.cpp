@@ -6,6 +6,7 @@
 #if defined(PAGESLICE_HAS_AVX)
 
 #include <array>
+#include <cstring>
 
 #include <immintrin.h>
 

@@ -5,6 +5,8 @@
 
 #if defined(PAGESLICE_HAS_AVX)
 
+#include <cstring>
+
 #include <immintrin.h>
 
 PAGESLICE_TARGET_BEGIN("avx512f,avx512bw,avx512vl,avx512vbmi2,avx2,bmi,bmi2,popcnt,pclmul")

@@ -6,6 +6,8 @@
 
 #if defined(PAGESLICE_HAS_SSE2)
 
+#include <cstring>
+
 #include <emmintrin.h>
 
 PAGESLICE_TARGET_BEGIN("sse2")
