@@ -67,6 +67,8 @@ public:
     bool empty() const noexcept { return m_entries.empty(); }
     // Whether a link URL holds a NUL.
     bool bHasNuls() const noexcept { return m_bHasNuls; }
+    // Bytes of all link URLs together.
+    std::size_t nLinkBytes() const noexcept { return m_nLinkBytes; }
 
     // Makes room for as many entries in all, so that arrays need not grow on the way there. Throws
     // std::bad_alloc.
@@ -102,6 +104,7 @@ private:
     std::uint32_t m_nRoot = NO_NODE;
     std::uint32_t m_nFirst = NO_NODE; // of the iteration
     bool m_bHasNuls = false;
+    std::size_t m_nLinkBytes = 0;
 };
 
 #endif

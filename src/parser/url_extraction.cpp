@@ -132,11 +132,7 @@ void HtmlParser::FillImageUrls(UrlList* pList) const {
 }
 
 int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
-    std::size_t n = 0;
-    for (auto it = m_urlMap.begin(); it != m_urlMap.end(); ++it) {
-        n += static_cast<std::size_t>(it.Link().GetLength()) + 1;
-    }
-    return nListSize(n, m_tPage);
+    return nListSize(m_urlMap.nLinkBytes() + m_urlMap.size(), m_tPage);
 }
 
 void HtmlParser::FillLinkUrls(UrlList* pList) const noexcept {

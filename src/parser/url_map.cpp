@@ -32,7 +32,7 @@ public:
         if (nCommon >= m_nByWordFrom && nLastWord(m_link.p, nCommon) != nLastWord(other.p, nCommon)) {
             return true;
         }
-        return std::strncmp(m_link.p, other.p, nCommon) != 0;
+        return *m_link.p != *other.p || std::strncmp(m_link.p, other.p, nCommon) != 0;
     }
 
 private:
@@ -55,6 +55,7 @@ void UrlMap::Clear() noexcept {
     m_nRoot = NO_NODE;
     m_nFirst = NO_NODE;
     m_bHasNuls = false;
+    m_nLinkBytes = 0;
 }
 
 // Hangs a new leaf, the last node of a path that begins at the root, on a side of the one before. Gives what
@@ -165,6 +166,7 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
     m_map.m_entries.emplace_back(anchor, tLinkText);
     m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, {NONE, NONE}, 1});
     m_map.m_bHasNuls |= bHasNul;
+    m_map.m_nLinkBytes += nLength;
 
     const Comparison newLink({pLink, nLength}, bHasNul);
     const std::size_t nSteps = nStepsAlongSpine(newLink);

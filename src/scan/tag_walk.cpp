@@ -128,35 +128,43 @@ void TagWalk::DropSweep() noexcept {
     m_pEnd = nullptr;
 }
 
-// For a step whose end does not stand in the block of its '<'.
 const char* TagWalk::pFarStepEndBefore(const char* pLimit) const noexcept {
-    const WalkPosition position = Position();
-    if (position.state.bWaiting) {
-        return position.p - 1;
+    if (const char* const pEnd = pKnownFarStepEnd(); pEnd != nullptr) {
+        return pEnd;
     }
-    return position.p < pLimit ? Scan().FindTagEnd(position.p, pLimit, position.state.bQuoted) : nullptr;
+    const WalkPosition rest = RestOfStep();
+    return rest.p < pLimit ? Scan().FindTagEnd(rest.p, pLimit, rest.state.bQuoted) : nullptr;
 }
 
-// The next step waits behind this one's end, where that is known; else the search for it goes on.
-WalkPosition TagWalk::Position() const noexcept {
-    constexpr bool WAITING = true;
-    if (m_pEnd != nullptr) {
-        return {m_pEnd + 1, {false, WAITING}};
+// Of a step that does not end near, the end as far as no search is needed for it; else null.
+const char* TagWalk::pKnownFarStepEnd() const noexcept {
+    if (m_pSwept == nullptr || m_pEnd != nullptr) {
+        return m_pEnd;
     }
-    if (m_pSwept == nullptr) {
-        return {m_pFrom, {m_bQuoted, false}};
-    }
-    const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
-    std::uint64_t nBehindOpen = ~std::uint64_t{0} << nOpen % SCAN_BLOCK;
-    for (std::size_t i = nOpen / SCAN_BLOCK; i < m_sweep.nBlocks; ++i) {
-        if (const std::uint64_t nCloses = m_sweep.nCloses[i] & nBehindOpen; nCloses != 0) {
-            return {m_pSwept + i * SCAN_BLOCK + nLowestBit(nCloses) + 1, {false, WAITING}};
+    for (std::size_t i = static_cast<std::size_t>(m_pOpen - m_pSwept) / SCAN_BLOCK + 1; i < m_sweep.nBlocks;
+         ++i) {
+        if (m_sweep.nCloses[i] != 0) {
+            return m_pSwept + i * SCAN_BLOCK + nLowestBit(m_sweep.nCloses[i]);
         }
-        nBehindOpen = ~std::uint64_t{0};
+    }
+    return nullptr;
+}
+
+// Where the search for the step's end goes on.
+WalkPosition TagWalk::RestOfStep() const noexcept {
+    constexpr bool WAITING = false; // the step has visited its '<'
+    if (m_pSwept == nullptr) {
+        return {m_pFrom, {m_bQuoted, WAITING}};
     }
     const auto nLeftOfPage = static_cast<std::size_t>(m_pPageEnd - m_pSwept);
     const std::size_t nSwept = std::min(m_sweep.nBlocks * SCAN_BLOCK, nLeftOfPage);
-    return {m_pSwept + nSwept, {m_sweep.bQuotedAtEnd, !WAITING}};
+    return {m_pSwept + nSwept, {m_sweep.bQuotedAtEnd, WAITING}};
+}
+
+WalkPosition TagWalk::Position() const noexcept {
+    const char* pEnd = pNearStepEnd();
+    pEnd = pEnd == nullptr ? pKnownFarStepEnd() : pEnd;
+    return pEnd == nullptr ? RestOfStep() : WalkPosition{pEnd + 1, {}};
 }
 
 void TagWalk::ContinueBehind(const char* pEnd) noexcept {

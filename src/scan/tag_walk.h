@@ -67,20 +67,24 @@ private:
     }
     // Null when the step does not end before pLimit, unless it is known already where it does.
     const char* pStepEndBefore(const char* pLimit) const noexcept {
-        if (m_pSwept != nullptr && m_pEnd == nullptr) {
-            // The first close behind the '<'; each '>' of the sweep belongs to the step that it ends. It
-            // mostly stands among as many bytes as a block has.
-            const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
-            const std::uint64_t* const pCloses = &m_sweep.nCloses[nOpen / SCAN_BLOCK];
-            const std::size_t nBefore = nOpen % SCAN_BLOCK;
-            const std::uint64_t nNear = pCloses[0] >> nBefore | pCloses[1] << 1 << (SCAN_BLOCK - 1 - nBefore);
-            if (nNear != 0) {
-                return m_pOpen + nLowestBit(nNear);
-            }
+        const char* const pEnd = pNearStepEnd();
+        return pEnd == nullptr ? pFarStepEndBefore(pLimit) : pEnd;
+    }
+    // The end of a step of the sweep, where it stands among as many bytes behind the '<' as a block has; else
+    // null. Mostly it does. Each '>' of the sweep belongs to the step that it ends.
+    const char* pNearStepEnd() const noexcept {
+        if (m_pSwept == nullptr || m_pEnd != nullptr) {
+            return nullptr;
         }
-        return pFarStepEndBefore(pLimit);
+        const auto nOpen = static_cast<std::size_t>(m_pOpen - m_pSwept);
+        const std::uint64_t* const pCloses = &m_sweep.nCloses[nOpen / SCAN_BLOCK];
+        const std::size_t nBefore = nOpen % SCAN_BLOCK;
+        const std::uint64_t nNear = pCloses[0] >> nBefore | pCloses[1] << 1 << (SCAN_BLOCK - 1 - nBefore);
+        return nNear == 0 ? nullptr : m_pOpen + nLowestBit(nNear);
     }
     const char* pFarStepEndBefore(const char* pLimit) const noexcept;
+    const char* pKnownFarStepEnd() const noexcept;
+    WalkPosition RestOfStep() const noexcept;
     const char* pNextBehindSweep() noexcept;
     bool bEndStep() noexcept;
     bool bSingleStep() noexcept;
