@@ -59,7 +59,7 @@ constexpr std::size_t BYTES_PER_TEXT = 256;
 constexpr std::size_t BYTES_PER_IMAGE = 512;
 
 std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept {
-    constexpr std::size_t FEW = 8;
+    constexpr std::size_t FEW = 16;
     constexpr std::size_t MANY = std::size_t{1} << 18;
     return std::clamp(nPage / nBytesPerEntry, FEW, MANY);
 }
