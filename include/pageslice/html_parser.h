@@ -161,7 +161,7 @@ protected:
 
     // What the pass saw of the image tags, so that the lists need not look for them once more; not copied.
     std::vector<ImageMark> m_vImageMarks;
-    text m_tMarkedPage; // the marks hold for this page; empty while there are none
+    text m_tMarkedPage; // the page that they hold for; empty while they hold for none
 
 private:
     int nFindLengthOfImageUrls() const;

@@ -89,7 +89,7 @@ private:
         std::uint32_t nPrevious; // in the order of iteration
         std::uint32_t nNext;
         std::uint32_t nChild[2]; // left, right
-        std::uint32_t nRed;      // 1 or 0; no byte, which a compiler must take for a part of anything
+        bool bRed;
     };
 
     std::size_t Hang(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept;

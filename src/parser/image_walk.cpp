@@ -7,7 +7,8 @@
 
 ImageWalk::ImageWalk(const text& page, const std::vector<ImageMark>& marks, const text& tMarkedPage) noexcept
     : ImageWalk(page.m_pStart, page) {
-    if (tMarkedPage.m_pStart == page.m_pStart && tMarkedPage.m_pEnd == page.m_pEnd) {
+    if (tMarkedPage.m_pStart != nullptr && tMarkedPage.m_pStart == page.m_pStart &&
+        tMarkedPage.m_pEnd == page.m_pEnd) {
         m_pMark = marks.data();
         m_pMarksEnd = m_pMark + marks.size();
         m_bMarked = true;

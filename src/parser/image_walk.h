@@ -32,7 +32,7 @@ public:
     // remains.
     const char* pNext(tag_img& record) noexcept;
 
-    // How many image tags to expect.
+    // The marks that are left: a hint at how many image tags follow.
     std::size_t nMarks() const noexcept { return static_cast<std::size_t>(m_pMarksEnd - m_pMark); }
 
 private:

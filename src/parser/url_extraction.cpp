@@ -26,14 +26,17 @@ constexpr std::uintptr_t USUAL_URL = 64;
 
 constexpr std::size_t PIECE = 64;
 
-// Whether a link ends so far before the page does that whole pieces can be read.
+// Whether a link ends so far before the page does that whole pieces can be read. It may lie elsewhere: a
+// derived class may have taken another page.
 bool bHasPieces(const text& link, const text& page) noexcept {
-    return link.m_pStart >= page.m_pStart && page.m_pEnd - link.m_pEnd >= static_cast<std::ptrdiff_t>(PIECE);
+    return link.m_pStart >= page.m_pStart && link.m_pEnd <= page.m_pEnd &&
+           static_cast<std::size_t>(page.m_pEnd - link.m_pEnd) >= PIECE;
 }
 
-// Adds the links to a list where they take nSize bytes. They are copied in pieces of fixed size, mostly in
-// one. What that overwrites behind a link belongs to the next ones.
-void AddLinks(const UrlMap& links, const text& page, std::size_t nSize, UrlList& list) noexcept {
+// Adds the links to a list. They are copied in pieces of fixed size, mostly in one. What that overwrites
+// behind a link belongs to the next ones, where all have room.
+void AddLinks(const UrlMap& links, const text& page, UrlList& list) noexcept {
+    const std::size_t nSize = links.nLinkBytes() + links.size();
     const auto nRoom = list.m_pBuffer == nullptr || list.m_pCursor > list.m_pLast
                            ? 0
                            : static_cast<std::size_t>(list.m_pLast - list.m_pCursor) + 1;
@@ -69,7 +72,7 @@ public:
         tag_img record;
         while (walk.pNext(record) != nullptr) {
             if (m_sources.empty()) {
-                m_sources.reserve(std::max(USUAL_IMAGES, walk.nMarks() + 1));
+                m_sources.reserve(std::clamp(walk.nMarks() + 1, USUAL_IMAGES, MANY_IMAGES));
             }
             m_sources.push_back(record.m_urlSrc);
         }
@@ -95,6 +98,7 @@ public:
 
 private:
     static constexpr std::size_t USUAL_IMAGES = 64;
+    static constexpr std::size_t MANY_IMAGES = std::size_t{1} << 16;
 
     const text& m_page;
     std::vector<text> m_sources;
@@ -111,9 +115,8 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
     auto pImages = std::make_unique<UrlList>(sources.nBytesNeeded());
     sources.Fill(*pImages);
     pImages->pMoveFirst();
-    const int nLinks = nFindLengthOfLinkUrls();
-    auto pLinks = std::make_unique<UrlList>(nLinks);
-    AddLinks(m_urlMap, m_tPage, static_cast<std::size_t>(nLinks), *pLinks);
+    auto pLinks = std::make_unique<UrlList>(nFindLengthOfLinkUrls());
+    AddLinks(m_urlMap, m_tPage, *pLinks);
     pLinks->pMoveFirst();
     if (ppImages != nullptr) {
         *ppImages = pImages.release();
@@ -136,7 +139,7 @@ int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
 }
 
 void HtmlParser::FillLinkUrls(UrlList* pList) const noexcept {
-    AddLinks(m_urlMap, m_tPage, static_cast<std::size_t>(nFindLengthOfLinkUrls()), *pList);
+    AddLinks(m_urlMap, m_tPage, *pList);
 }
 
 const char* HtmlParser::bGetNextImageTag(const char* p, tag_img& record) const noexcept {

@@ -90,7 +90,7 @@ void UrlMap::PutBeside(std::uint32_t nNode, std::uint32_t nParent, int nSide) no
 }
 
 bool UrlMap::bIsRed(std::uint32_t nNode) const noexcept {
-    return nNode != NO_NODE && m_nodes[nNode].nRed != 0;
+    return nNode != NO_NODE && m_nodes[nNode].bRed;
 }
 
 int UrlMap::nSideOf(std::uint32_t nNode, std::uint32_t nParent) const noexcept {
@@ -120,10 +120,10 @@ std::size_t UrlMap::Rebalance(std::uint32_t* pPath, std::size_t nDepth) noexcept
         const std::uint32_t nGrandparent = pPath[n - 2];
         const int nSide = nSideOf(nParent, nGrandparent);
         const std::uint32_t nUncle = m_nodes[nGrandparent].nChild[1 - nSide];
-        m_nodes[nGrandparent].nRed = 1;
+        m_nodes[nGrandparent].bRed = true;
         if (bIsRed(nUncle)) {
-            m_nodes[nParent].nRed = 0;
-            m_nodes[nUncle].nRed = 0;
+            m_nodes[nParent].bRed = false;
+            m_nodes[nUncle].bRed = false;
             n -= 2;
             continue;
         }
@@ -131,11 +131,11 @@ std::size_t UrlMap::Rebalance(std::uint32_t* pPath, std::size_t nDepth) noexcept
             Rotate(nParent, nGrandparent, nSide);
             std::swap(pPath[n - 1], pPath[n]);
         }
-        m_nodes[pPath[n - 1]].nRed = 0;
+        m_nodes[pPath[n - 1]].bRed = false;
         Rotate(nGrandparent, n >= 3 ? pPath[n - 3] : NO_NODE, 1 - nSide);
         return n - 2;
     }
-    m_nodes[m_nRoot].nRed = 0;
+    m_nodes[m_nRoot].bRed = false;
     return nDepth;
 }
 
@@ -164,7 +164,7 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
         m_map.Reserve(std::max(FIRST_CAPACITY, 2 * m_map.m_nodes.size()));
     }
     m_map.m_entries.emplace_back(anchor, tLinkText);
-    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, {NONE, NONE}, 1});
+    m_map.m_nodes.push_back({pLink, nLength, NONE, NONE, {NONE, NONE}, true});
     m_map.m_bHasNuls |= bHasNul;
     m_map.m_nLinkBytes += nLength;
 

@@ -18,6 +18,13 @@ TagWalk::TagWalk(const char* pFrom, const text& page, const WantedTags& wanted) 
     : m_wanted(wanted), m_pPageEnd(page.m_pEnd == nullptr ? nullptr : page.m_pEnd + 1), m_pFrom(pFrom),
       m_pSingleUntil(pFrom), m_nSweepBlocks(FIRST_SWEEP_BLOCKS) {}
 
+// For the word behind a '<': whether the tag is wanted, and its code. A slash counts as the name's first
+// letter.
+bool TagWalk::bIsWanted(std::uint64_t nWord, int& nCode) const noexcept {
+    const std::uint64_t nLetterBit = (nWord & 0xFF) == '/' ? 0x40 : 0;
+    return m_wanted.bFind(nUpToNoLetter(nWord, nLetterBit), nCode);
+}
+
 const char* TagWalk::pNextBehindSweep() noexcept {
     while (bEndStep()) {
         if (m_pFrom < m_pSingleUntil) {
@@ -112,13 +119,6 @@ void TagWalk::KeepWanted() noexcept {
         KeepIfWanted(nOpen, nLoadWord(pOpen + 1, nLeftBehind(pOpen)));
     }
     m_nWanted = nWanted;
-}
-
-// For the word behind a '<': whether the tag is wanted, and its code. A slash counts as the name's first
-// letter.
-inline bool TagWalk::bIsWanted(std::uint64_t nWord, int& nCode) const noexcept {
-    const std::uint64_t nLetterBit = (nWord & 0xFF) == '/' ? 0x40 : 0;
-    return m_wanted.bFind(nUpToNoLetter(nWord, nLetterBit), nCode);
 }
 
 void TagWalk::DropSweep() noexcept {

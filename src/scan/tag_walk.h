@@ -9,8 +9,8 @@
 #include "scan/primitives.h"
 #include "text/word_table.h"
 
-// The names of the tags that a walk hands out, each with what ends it and an end tag's with its slash; their
-// codes lie between 1 and 255. The name of a tag that begins with a space is " ".
+// The names of the tags that a walk hands out, each with what ends it and an end tag's with its slash. The
+// name of a tag that begins with a space is " ".
 using WantedTags = WordTable<8>;
 
 // Where a walk goes on, and its state there; null when it is over.
@@ -45,7 +45,13 @@ public:
     int nCode() const noexcept { return m_nCode; }
 
     // The '>' that ends the current step, or null when the page ends first.
-    const char* pStepEnd() const noexcept { return pStepEndBefore(m_pPageEnd); }
+    const char* pStepEnd() noexcept {
+        const char* const pEnd = pStepEndBefore(m_pPageEnd);
+        if (m_pSwept == nullptr) {
+            m_pEnd = pEnd;
+        }
+        return pEnd;
+    }
 
     // Whether the current step ends at pEnd, or never, for null. Looks no further than there.
     bool bStepEndsAt(const char* pEnd) const noexcept {

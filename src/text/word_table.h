@@ -84,6 +84,8 @@ private:
         std::uint64_t nWord = 0;
         int nCode = 0;
     };
+    static constexpr std::uint64_t NO_WORD = '@'; // made small, it is another
+
     constexpr std::size_t nSlotOf(std::uint64_t nWord) const noexcept {
         return static_cast<std::size_t>((nWord * m_nMultiplier) >> (64 - SLOT_BITS));
     }
@@ -91,7 +93,7 @@ private:
     template <std::size_t N>
     constexpr bool bFill(const Entry (&entries)[N]) noexcept {
         for (Slot& slot : m_slots) {
-            slot = {~std::uint64_t{0}, 0}; // no word is this
+            slot = {NO_WORD, 0};
         }
         for (const Entry& entry : entries) {
             std::uint64_t nWord = 0;
@@ -99,7 +101,7 @@ private:
                 nWord |= std::uint64_t{static_cast<unsigned char>(entry.pWord[i])} << (8 * i);
             }
             Slot& slot = m_slots[nSlotOf(nWord)];
-            if (slot.nWord != ~std::uint64_t{0}) {
+            if (slot.nWord != NO_WORD) {
                 return false;
             }
             slot = {nWord, entry.nCode};
