@@ -81,6 +81,13 @@ void ExpectUsable(OpenParser& parser) {
     EXPECT_EQ(Index(parser), FULL_INDEX);
 }
 
+TEST(Allocation, PageWithoutEntriesKeepsNoMemory) {
+    OpenParser parser(text("<title>t</title><a x=\"a > b\">no link</a><b>bold</b></html>"), nullptr);
+    const long nBefore = g_nLive;
+    parser.InitializeHtmlFile();
+    EXPECT_EQ(g_nLive, nBefore);
+}
+
 TEST(Allocation, FailureThrowsAndLeaksNothing) {
     OpenParser parser;
     parser.Load(FULL, ADDRESS, 1);

@@ -85,6 +85,9 @@ public:
 
     void Run();
 
+    // Whether the marks lead past all image tags.
+    bool bHasMarks() const noexcept { return !m_bParted || !m_index.vImageMarks.empty(); }
+
 private:
     bool bHandleTag(const TagAt& tag);
     template <class Record>
@@ -112,6 +115,7 @@ private:
     const char* m_pOpen = nullptr; // the '<' of the tag at hand
     bool m_bInTitle = false;
     bool m_bInAnchor = false;
+    bool m_bParted = false; // the pass has gone on elsewhere than from step to step
     text m_tTitleText;
     text m_tAnchorText;
     text m_tCellText;
@@ -226,15 +230,20 @@ void IndexingPass::MarkImage(const char* pName) {
     const ImageMark mark{pName, {(pEnd == nullptr ? m_page.m_pEnd : pEnd) + 1, {}}};
     if (!marks.empty() && marks.back().pName == pName) {
         marks.back() = mark;
-    } else {
-        Append(marks, mark, BYTES_PER_IMAGE);
+        return;
     }
+    if (marks.empty() && m_bParted) {
+        Append(marks, {nullptr, {m_page.m_pStart, {}}}, BYTES_PER_IMAGE);
+    }
+    Append(marks, mark, BYTES_PER_IMAGE);
 }
 
-// The tag at hand ends elsewhere than its step, or ends the pass.
+// The tag at hand ends elsewhere than its step, or ends the pass. A page without image tags gets no marks,
+// for those would take memory.
 void IndexingPass::MarkParting() {
     std::vector<ImageMark>& marks = m_index.vImageMarks;
-    if (marks.empty() || marks.back().pName != nullptr) {
+    m_bParted = true;
+    if (!marks.empty() && marks.back().pName != nullptr) {
         Append(marks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
     }
 }
@@ -294,6 +303,9 @@ void HtmlParser::InitializeHtmlFile() {
     }
     const Index index{m_tagTr,      m_tagTd,      m_tagTable, m_tTitle,
                       m_vCellTexts, m_vListItems, m_urlMap,   m_vImageMarks};
-    IndexingPass(m_tPage, index).Run();
-    m_tMarkedPage = m_tPage;
+    IndexingPass pass(m_tPage, index);
+    pass.Run();
+    if (pass.bHasMarks()) {
+        m_tMarkedPage = m_tPage;
+    }
 }
