@@ -32,9 +32,9 @@ def machine():
 
 
 def medians(path):
-    """By name of the benchmark: what one row shows."""
+    """By name of the benchmark, in the order of registration: what one row shows."""
     rows = {}
-    for run in json.loads(path.read_text())["benchmarks"]:
+    for run in sorted(json.loads(path.read_text())["benchmarks"], key=lambda run: run["family_index"]):
         if run["aggregate_name"] == "median":
             rows[run["run_name"]] = {"GB/s": run["bytes_per_second"] / 1e9,
                                      "us/page": run["cpu_time"] / run["pages"],

@@ -14,10 +14,12 @@ mkdir -p "$results"
 everything=.
 stages='^corpus/(job|pass|lists|text|libxml2|memcpy)$|^samples/job$'
 filter=$everything
+# Other work on the machine comes and goes: the repetitions of a benchmark are spread over the whole run.
 for scan in avx512 avx2 sse2 portable; do
   status=0
   PAGESLICE_SCAN=$scan "$programs/pageslice_bench" "$corpus" samples --benchmark_filter="$filter" \
     --benchmark_min_time=0.2 --benchmark_repetitions=5 --benchmark_report_aggregates_only=true \
+    --benchmark_enable_random_interleaving=true \
     --benchmark_out="$results/$scan.json" >"$results/$scan.log" 2>&1 || status=$?
   case $status in
     0) filter=$stages ;;
