@@ -24,7 +24,7 @@ int nListSize(std::size_t n, const text& page) noexcept {
 constexpr std::size_t URLS_AHEAD = 24;
 constexpr std::uintptr_t USUAL_URL = 64;
 
-constexpr std::size_t PIECE = 64;
+constexpr std::size_t PIECE = 64; // bytes of a link that are copied at once
 
 // Whether a link ends so far before the page does that whole pieces can be read. It may lie elsewhere: a
 // derived class may have taken another page.
