@@ -65,6 +65,16 @@ public:
     int bLanguageOf(const text& tPage, int* pLanguage) const noexcept;
 };
 
+// What a parser's pass saw of the page's image tags, so that the lists need not look for them once more.
+struct ImageTrail {
+    text tPage;                   // the page that it holds for; empty while it holds for none
+    const char* pBreak = nullptr; // before this there are no image tags and behind it no marks until the
+                                  // first one; null when the marks begin at the page's start
+    std::vector<ImageMark> vMarks;
+
+    void Clear() noexcept;
+};
+
 // One HTML page that lies in the host's memory, and the index of it.
 //
 //   HtmlParser parser(text(pFirst, pLast, 0), "http://host/page.html");
@@ -157,11 +167,8 @@ protected:
     UrlMap m_urlMap;
     char* m_pUrl; // own copy, or null
     LanguageDetector m_language;
-    int m_bInitialized; // 1 once the pass has started on this page
-
-    // What the pass saw of the image tags, so that the lists need not look for them once more; not copied.
-    std::vector<ImageMark> m_vImageMarks;
-    text m_tMarkedPage; // the page that they hold for; empty while they hold for none
+    int m_bInitialized;      // 1 once the pass has started on this page
+    ImageTrail m_imageTrail; // not copied with the parser
 
 private:
     int nFindLengthOfImageUrls() const;

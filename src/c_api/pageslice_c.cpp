@@ -106,7 +106,7 @@ struct pageslice_page : HtmlParser {
             links.push_back(&entry);
         }
         tag_img image;
-        for (ImageWalk walk(m_tPage, m_vImageMarks, m_tMarkedPage); walk.pNext(image) != nullptr;) {
+        for (ImageWalk walk(m_tPage, m_imageTrail); walk.pNext(image) != nullptr;) {
             images.push_back(pageslice::image_of(image));
         }
         for (const pageslice_image& image_found : images) {

@@ -59,8 +59,7 @@ HtmlParser& HtmlParser::operator=(const HtmlParser& other) {
     m_pUrl = pUrl.release();
     m_language = other.m_language;
     m_bInitialized = other.m_bInitialized;
-    m_vImageMarks.clear();
-    m_tMarkedPage.Clear();
+    m_imageTrail.Clear();
     return *this;
 }
 
@@ -91,8 +90,7 @@ void HtmlParser::Clear() noexcept {
     m_vCellTexts.clear();
     m_vListItems.clear();
     m_bInitialized = 0;
-    m_vImageMarks.clear();
-    m_tMarkedPage.Clear();
+    m_imageTrail.Clear();
 }
 
 int HtmlParser::bConvertHtmlToPlainText(char** ppText) {

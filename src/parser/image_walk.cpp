@@ -1,18 +1,24 @@
 #include "parser/image_walk.h"
 
-#include "pageslice/html_parser.h"
 #include "parser/tag_scanner.h"
 #include "platform/bits.h"
 #include "scan/tag_bounds.h"
 
-ImageWalk::ImageWalk(const text& page, const std::vector<ImageMark>& marks, const text& tMarkedPage) noexcept
-    : ImageWalk(page.m_pStart, page) {
-    if (tMarkedPage.m_pStart != nullptr && tMarkedPage.m_pStart == page.m_pStart &&
-        tMarkedPage.m_pEnd == page.m_pEnd) {
-        m_pMark = marks.data();
-        m_pMarksEnd = m_pMark + marks.size();
-        m_bMarked = true;
+void ImageTrail::Clear() noexcept {
+    tPage.Clear();
+    pBreak = nullptr;
+    vMarks.clear();
+}
+
+ImageWalk::ImageWalk(const text& page, const ImageTrail& trail) noexcept : ImageWalk(page.m_pStart, page) {
+    if (trail.tPage.m_pStart == nullptr || trail.tPage.m_pStart != page.m_pStart ||
+        trail.tPage.m_pEnd != page.m_pEnd) {
+        return;
     }
+    m_pMark = trail.vMarks.data();
+    m_pMarksEnd = m_pMark + trail.vMarks.size();
+    m_bMarked = trail.pBreak == nullptr;
+    m_onwards.p = trail.pBreak;
 }
 
 const char* ImageWalk::pNext(tag_img& record) noexcept {

@@ -2,8 +2,8 @@
 #define PAGESLICE_PARSER_IMAGE_WALK_H
 
 #include <cstddef>
-#include <vector>
 
+#include "pageslice/html_parser.h"
 #include "pageslice/text.h"
 #include "scan/tag_walk.h"
 #include "tags/tag_img.h"
@@ -24,9 +24,8 @@ struct ImageMark {
 class ImageWalk {
 public:
     ImageWalk(const char* pFrom, const text& page) noexcept : m_page(page), m_onwards{pFrom, {}} {}
-    // From the page's start, along the marks of a walk that began there. They are not copied, and hold for
-    // that page only.
-    ImageWalk(const text& page, const std::vector<ImageMark>& marks, const text& tMarkedPage) noexcept;
+    // From the page's start, along the trail, which is not copied, if it is that page's.
+    ImageWalk(const text& page, const ImageTrail& trail) noexcept;
 
     // Parses the next image tag into the record. Gives what the parse gives; null also when no image tag
     // remains.

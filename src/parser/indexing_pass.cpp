@@ -73,7 +73,7 @@ struct Index {
     std::vector<text>& vCellTexts;
     std::vector<text>& vListItems;
     UrlMap& urlMap;
-    std::vector<ImageMark>& vImageMarks;
+    ImageTrail& imageTrail;
 };
 
 // One walk over the page. A capture is a text whose start is set behind a start tag and whose end is found
@@ -84,9 +84,6 @@ public:
         : m_page(page), m_index(index), m_walk(page.m_pStart, page, WANTED_TAGS), m_links(index.urlMap) {}
 
     void Run();
-
-    // Whether the marks lead past all image tags.
-    bool bHasMarks() const noexcept { return !m_bParted || !m_index.vImageMarks.empty(); }
 
 private:
     bool bHandleTag(const TagAt& tag);
@@ -101,6 +98,7 @@ private:
 
     void MarkImage(const char* pName);
     void MarkParting();
+    const char* pBehindStep() noexcept;
 
     void CloseTitle() noexcept;
     void CloseAnchor();
@@ -115,7 +113,6 @@ private:
     const char* m_pOpen = nullptr; // the '<' of the tag at hand
     bool m_bInTitle = false;
     bool m_bInAnchor = false;
-    bool m_bParted = false; // the pass has gone on elsewhere than from step to step
     text m_tTitleText;
     text m_tAnchorText;
     text m_tCellText;
@@ -225,27 +222,29 @@ void IndexingPass::Append(std::vector<Entry>& list, const Entry& entry, std::siz
 
 // Of several visits of one tag the last counts, whose step ends behind it.
 void IndexingPass::MarkImage(const char* pName) {
-    std::vector<ImageMark>& marks = m_index.vImageMarks;
-    const char* const pEnd = m_walk.pStepEnd();
-    const ImageMark mark{pName, {(pEnd == nullptr ? m_page.m_pEnd : pEnd) + 1, {}}};
+    std::vector<ImageMark>& marks = m_index.imageTrail.vMarks;
+    const ImageMark mark{pName, {pBehindStep(), {}}};
     if (!marks.empty() && marks.back().pName == pName) {
         marks.back() = mark;
-        return;
+    } else {
+        Append(marks, mark, BYTES_PER_IMAGE);
     }
-    if (marks.empty() && m_bParted) {
-        Append(marks, {nullptr, {m_page.m_pStart, {}}}, BYTES_PER_IMAGE);
-    }
-    Append(marks, mark, BYTES_PER_IMAGE);
 }
 
-// The tag at hand ends elsewhere than its step, or ends the pass. A page without image tags gets no marks,
-// for those would take memory.
+// The tag at hand ends elsewhere than its step, or ends the pass.
 void IndexingPass::MarkParting() {
-    std::vector<ImageMark>& marks = m_index.vImageMarks;
-    m_bParted = true;
-    if (!marks.empty() && marks.back().pName != nullptr) {
-        Append(marks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
+    ImageTrail& trail = m_index.imageTrail;
+    if (!trail.vMarks.empty() && trail.vMarks.back().pName != nullptr) {
+        Append(trail.vMarks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
+    } else if (trail.vMarks.empty() && trail.pBreak == nullptr) {
+        // Not a mark: a page without image tags takes no memory for any.
+        trail.pBreak = pBehindStep();
     }
+}
+
+const char* IndexingPass::pBehindStep() noexcept {
+    const char* const pEnd = m_walk.pStepEnd();
+    return (pEnd == nullptr ? m_page.m_pEnd : pEnd) + 1;
 }
 
 void IndexingPass::CloseTitle() noexcept {
@@ -296,16 +295,12 @@ void IndexingPass::DropCell() noexcept {
 
 void HtmlParser::InitializeHtmlFile() {
     m_bInitialized = 1;
-    m_vImageMarks.clear();
-    m_tMarkedPage.Clear();
+    m_imageTrail.Clear();
     if (nPageSize(m_tPage) == 0) {
         return;
     }
     const Index index{m_tagTr,      m_tagTd,      m_tagTable, m_tTitle,
-                      m_vCellTexts, m_vListItems, m_urlMap,   m_vImageMarks};
-    IndexingPass pass(m_tPage, index);
-    pass.Run();
-    if (pass.bHasMarks()) {
-        m_tMarkedPage = m_tPage;
-    }
+                      m_vCellTexts, m_vListItems, m_urlMap,   m_imageTrail};
+    IndexingPass(m_tPage, index).Run();
+    m_imageTrail.tPage = m_tPage;
 }

@@ -111,7 +111,7 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
         InitializeHtmlFile();
     }
     // One walk over the page serves both the size and the entries.
-    const ImageSources sources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage));
+    const ImageSources sources(m_tPage, ImageWalk(m_tPage, m_imageTrail));
     auto pImages = std::make_unique<UrlList>(sources.nBytesNeeded());
     sources.Fill(*pImages);
     pImages->pMoveFirst();
@@ -127,11 +127,11 @@ void HtmlParser::GetUrlLists(UrlList** ppImages, UrlList** ppLinks) {
 }
 
 int HtmlParser::nFindLengthOfImageUrls() const {
-    return ImageSources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage)).nBytesNeeded();
+    return ImageSources(m_tPage, ImageWalk(m_tPage, m_imageTrail)).nBytesNeeded();
 }
 
 void HtmlParser::FillImageUrls(UrlList* pList) const {
-    ImageSources(m_tPage, ImageWalk(m_tPage, m_vImageMarks, m_tMarkedPage)).Fill(*pList);
+    ImageSources(m_tPage, ImageWalk(m_tPage, m_imageTrail)).Fill(*pList);
 }
 
 int HtmlParser::nFindLengthOfLinkUrls() const noexcept {
@@ -148,7 +148,7 @@ const char* HtmlParser::bGetNextImageTag(const char* p, tag_img& record) const n
 
 int HtmlParser::bIsImageInPage(url& source) const noexcept {
     tag_img record;
-    ImageWalk walk(m_tPage, m_vImageMarks, m_tMarkedPage);
+    ImageWalk walk(m_tPage, m_imageTrail);
     while (walk.pNext(record) != nullptr) {
         if (record.m_urlSrc == source) {
             return 1;
