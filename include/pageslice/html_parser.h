@@ -57,7 +57,8 @@ enum : int {
     TAG_END_UNKNOWN = 920
 };
 
-// Answers the language questions. The answers are fixed; nothing is read and no state is kept.
+// Answers the language questions. The answers are fixed; nothing is read and no state is kept. Not exported:
+// HtmlParser asks it.
 class LanguageDetector {
 public:
     int bLoadDictionary(const char* pName) const noexcept;
@@ -65,12 +66,14 @@ public:
     int bLanguageOf(const text& tPage, int* pLanguage) const noexcept;
 };
 
-// What a parser's pass saw of the page's image tags, so that the lists need not look for them once more.
+// What the pass saw of the page's image tags, so that the lists need not look for them once more. Internal:
+// hosts can neither make nor read one.
 struct ImageTrail {
-    text tPage;                   // the page that it holds for; empty while it holds for none
-    const char* pBreak = nullptr; // before this there are no image tags and behind it no marks until the
-                                  // first one; null when the marks begin at the page's start
-    std::vector<ImageMark> vMarks;
+    text tPage;                    // the page that it is about; empty while it is about none
+    std::vector<ImageMark> vMarks; // from the first image tag on
+    // Where the pass first did not go on as a search for image tags does, if that was before the first mark;
+    // no image tag stands before it. Else null.
+    const char* pBreak = nullptr;
 
     void Clear() noexcept;
 };
@@ -101,7 +104,8 @@ public:
     // Takes the page without indexing it. pUrl is NUL-terminated and may be null.
     HtmlParser(const text& tPage, const char* pUrl);
     // Both parsers then look at the same page, each with its own index and URL copy. Assignment leaves the
-    // target as it was when memory runs out.
+    // target as it was when memory runs out. There is no cheaper move: what returns or stores parsers does
+    // better with pointers to them.
     HtmlParser(const HtmlParser& other);
     HtmlParser& operator=(const HtmlParser& other);
     ~HtmlParser();
@@ -171,6 +175,7 @@ protected:
     ImageTrail m_imageTrail; // not copied with the parser
 
 private:
+    // The lists one by one; GetUrlLists takes these steps together, with one walk for the images.
     int nFindLengthOfImageUrls() const;
     void FillImageUrls(UrlList* pList) const;
     int nFindLengthOfLinkUrls() const noexcept;

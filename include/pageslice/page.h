@@ -13,21 +13,29 @@
 
 #include <cstddef>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#if __has_include(<version>)
+#include <version>
+#endif
+#if defined(__cpp_lib_ranges)
+#include <ranges>
+#endif
 
 #include "pageslice/pageslice_c.h"
 #include "pageslice/text.h"
 
 namespace pageslice {
 
-// Between slices and string views. A view made of a slice lives as long as the slice's characters, and the
-// other way round. A slice that is empty or without characters gives an empty view; its data() is null
-// exactly when the slice is empty.
+// Between slices and string views, for hosts that use both faces of the library: a slice is one of the
+// exported classes, which only the compiler that built the library can link. A view made of a slice lives as
+// long as the slice's characters, and the other way round. A slice that is empty or without characters gives
+// an empty view; its data() is null exactly when the slice is empty.
 inline std::string_view to_view(const ::text& slice) noexcept {
     const bool has_characters = slice.m_pStart != nullptr && slice.m_pStart <= slice.m_pEnd;
     return {slice.m_pStart, has_characters ? static_cast<std::size_t>(slice.m_pEnd - slice.m_pStart) + 1 : 0};
@@ -223,6 +231,7 @@ using link_url_range = range<detail::slice_traits<pageslice_count_link_urls, pag
 using image_url_range = range<detail::slice_traits<pageslice_count_image_urls, pageslice_get_image_url>>;
 
 // `url` made absolute against `base`, in canonical form. A NUL ends a URL. Throws std::bad_alloc.
+// What it does not do is listed at pageslice_resolve_url.
 inline std::string resolve(std::string_view base, std::string_view url) {
     return detail::string_of(base.size() + url.size(), [&](char* buffer, std::size_t n, std::size_t* length) {
         return pageslice_resolve_url(base.data(), base.size(), url.data(), url.size(), buffer, n, length);
@@ -288,19 +297,22 @@ public:
     image_url_range image_urls() const& noexcept { return image_url_range(m_page.get()); }
     image_url_range image_urls() const&& = delete;
 
-    // Markup and white space as single spaces; the result is the caller's. Throws std::bad_alloc, and
+    // Markup and white space as single spaces; the result is the caller's. It keeps room for as many bytes
+    // as the page has: whoever stores many of them calls shrink_to_fit. Throws std::bad_alloc, and
     // std::length_error for a page of more than INT_MAX bytes.
     std::string plain_text() const {
         if (m_page == nullptr) {
             return {};
         }
-        return detail::string_of(m_size, [this](char* buffer, std::size_t n, std::size_t* length) {
+        constexpr std::size_t largest = std::numeric_limits<int>::max();
+        const std::size_t room = m_size <= largest ? m_size : 0; // none where the call refuses anyway
+        return detail::string_of(room, [this](char* buffer, std::size_t n, std::size_t* length) {
             return pageslice_get_plain_text(m_page.get(), buffer, n, length);
         });
     }
 
-    // A URL of the page made absolute against the page's own address; the result is the caller's. Throws
-    // std::bad_alloc.
+    // A URL of the page made absolute against the page's own address, as resolve does it; the result is the
+    // caller's. Throws std::bad_alloc.
     std::string absolute(std::string_view link_or_source) const { return resolve(url(), link_or_source); }
 
 private:
@@ -320,5 +332,12 @@ private:
 };
 
 } // namespace pageslice
+
+#if defined(__cpp_lib_ranges)
+template <class Traits>
+inline constexpr bool std::ranges::enable_borrowed_range<pageslice::range<Traits>> = true;
+template <class Traits>
+inline constexpr bool std::ranges::enable_view<pageslice::range<Traits>> = true;
+#endif
 
 #endif

@@ -144,15 +144,22 @@ PAGESLICE_API int PAGESLICE_CALL pageslice_get_image_url(const pageslice_page* p
 
 /* The three functions below write text and a NUL behind it into `buffer`, which has room for `capacity`
    bytes. *length receives the length of the whole result without the NUL, also for PAGESLICE_TOO_SMALL,
-   where the buffer keeps what it held: a null buffer and 0 ask for the length. */
+   where the buffer keeps what it held: a null buffer and 0 ask for the length. They take time linear in what
+   they read, and any of them may answer PAGESLICE_NO_MEMORY. */
 
 /* The page as plain text: every tag and every run of LF, CR and space becomes one space, none at the start;
    all else is copied, character references included. Never longer than the page: a buffer of the page's size
-   and one byte more spares the library a buffer of its own. */
+   and one byte more spares the library a buffer of its own, and may be written behind the text too. */
 PAGESLICE_API int PAGESLICE_CALL pageslice_get_plain_text(const pageslice_page* page, char* buffer,
                                                           size_t capacity, size_t* length) PAGESLICE_NOEXCEPT;
 
-/* `url` made absolute against `base`, in canonical form. Never longer than both together. */
+/* `url` made absolute against `base`, in canonical form. Never longer than both together.
+
+   This is older and plainer than what browsers do (RFC 3986); a crawler that follows such URLs resolves them
+   itself. `//host/x` is taken for a path of the base's host; `?query`, `#fragment` and "" replace the last
+   segment of the base's path; a base without a path gives its host up to a relative URL; a '/' in the base's
+   query counts as one of its path; a URL with "://" anywhere is absolute already; a '..' at the very end
+   stays; character references such as &amp; are no more than characters. */
 PAGESLICE_API int PAGESLICE_CALL pageslice_resolve_url(const char* base, size_t base_size, const char* url,
                                                        size_t url_size, char* buffer, size_t capacity,
                                                        size_t* length) PAGESLICE_NOEXCEPT;

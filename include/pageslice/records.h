@@ -1,5 +1,6 @@
 // What the parser reads from one tag: plain values whose slices point into the page. Copying a record
 // copies its fields, destroying it releases nothing. A record is valid as long as the page's buffer.
+// The fields are for every host; the member functions are not exported, and reached by linking statically.
 #ifndef PAGESLICE_RECORDS_H
 #define PAGESLICE_RECORDS_H
 

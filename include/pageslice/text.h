@@ -3,7 +3,7 @@
 
 #include "pageslice/export.h"
 
-class OutputText;
+class OutputText; // what prints write into; only the library makes one, so hosts print to the console
 
 // Alignment words of image, table, row and cell attributes.
 enum align {

@@ -21,6 +21,7 @@
 // The entries stand in one growing array and the tree's links, as indices, in a second one beside it, so
 // that a copy is a copy of two arrays and iterates like its source. Iterators are invalidated by Insert,
 // Clear and assignment. Insert costs O(log n) comparisons of URLs; a walk over all entries O(n).
+// Reserve, Insert and Clear are the library's own, and reached by linking statically.
 class UrlMap {
 public:
     using value_type = std::pair<tag_a, text>; // the anchor, its link text
@@ -92,7 +93,7 @@ private:
         bool bRed;
     };
 
-    std::size_t Hang(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept;
+    std::size_t AddLeaf(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept;
     void PutBeside(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept;
     bool bIsRed(std::uint32_t nNode) const noexcept;
     int nSideOf(std::uint32_t nNode, std::uint32_t nParent) const noexcept;

@@ -11,7 +11,7 @@
 #include "output/plain_text.h"
 #include "pageslice/html_parser.h"
 #include "parser/image_walk.h"
-#include "parser/page_size.h"
+#include "text/byte_count.h"
 
 static_assert(PAGESLICE_ALIGN_UNKNOWN == ALIGN_UNKNOWN && PAGESLICE_ALIGN_TOP == ALIGN_TOP &&
                   PAGESLICE_ALIGN_MIDDLE == ALIGN_MIDDLE && PAGESLICE_ALIGN_BOTTOM == ALIGN_BOTTOM &&
@@ -37,9 +37,8 @@ text page_text(const char* html, std::size_t size) {
 }
 
 pageslice_slice slice_of(const text& t) noexcept {
-    const bool given = t.m_pStart != nullptr && t.m_pStart <= t.m_pEnd;
-    return given ? pageslice_slice{t.m_pStart, static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1}
-                 : pageslice_slice{nullptr, 0};
+    const std::size_t size = nByteCount(t);
+    return {size == 0 ? nullptr : t.m_pStart, size};
 }
 
 pageslice_slice slice_of(const pageslice_image* image) noexcept {
@@ -84,7 +83,7 @@ int copy_out(const char* result, std::size_t size, char* buffer, std::size_t cap
 // `room` holds the page's size and one byte more.
 std::size_t convert(const text& page, char* room) noexcept {
     OutputText out;
-    out.SetBufferUnfilled(room, room + nPageSize(page));
+    out.SetBufferUnfilled(room, room + nByteCount(page));
     WritePlainText(page, out);
     *out.m_pCurrent = '\0';
     return static_cast<std::size_t>(out.m_pCurrent - room);
@@ -264,7 +263,7 @@ int pageslice_get_plain_text(const pageslice_page* page, char* buffer, size_t ca
     if (page == nullptr || length == nullptr) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    const std::size_t page_size = nPageSize(page->m_tPage);
+    const std::size_t page_size = nByteCount(page->m_tPage);
     if (page_size > INT_MAX) {
         return PAGESLICE_TOO_LARGE;
     }

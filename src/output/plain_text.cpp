@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "scan/primitives.h"
+#include "text/byte_count.h"
 
 namespace {
 
@@ -89,7 +90,7 @@ private:
 } // namespace
 
 void WritePlainText(const text& page, OutputText& out) noexcept {
-    if (page.m_pStart == nullptr || page.m_pEnd == nullptr || page.m_pEnd < page.m_pStart) {
+    if (nByteCount(page) == 0) {
         return;
     }
     const char* const pPageEnd = page.m_pEnd + 1;

@@ -10,8 +10,8 @@
 #include "output/output_text.h"
 #include "output/plain_text.h"
 #include "parser/image_walk.h"
-#include "parser/page_size.h"
 #include "scan/primitives.h"
+#include "text/byte_count.h"
 
 namespace {
 
@@ -98,7 +98,7 @@ int HtmlParser::bConvertHtmlToPlainText(char** ppText) {
         return 0;
     }
     *ppText = nullptr;
-    const std::size_t n = nPageSize(m_tPage);
+    const std::size_t n = nByteCount(m_tPage);
     if (n > INT_MAX) {
         return 0;
     }

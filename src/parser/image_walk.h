@@ -18,9 +18,9 @@ struct ImageMark {
 // A page's image tags, in page order: those that a walk from tag to tag visits (see TagWalk). A tag that the
 // page does not close, or in front of which no '<' is found, ends the walk.
 //
-// The walk need not look for tags where another one has passed already, along the same way: as long as no
-// tag's attributes lead either of them astray. Where they have parted they often meet again, behind an image
-// tag.
+// The walk need not look for tags where another one has passed along the same way. The two part where one of
+// them reads a tag's attributes, and finds its end elsewhere than the other: at <a title="x>y>, say. They
+// often meet again behind a later image tag.
 class ImageWalk {
 public:
     ImageWalk(const char* pFrom, const text& page) noexcept : m_page(page), m_onwards{pFrom, {}} {}

@@ -4,11 +4,11 @@
 
 #include "pageslice/html_parser.h"
 #include "parser/image_walk.h"
-#include "parser/page_size.h"
 #include "parser/tag_scanner.h"
 #include "parser/url_map_builder.h"
 #include "scan/tag_bounds.h"
 #include "scan/tag_walk.h"
+#include "text/byte_count.h"
 
 namespace {
 
@@ -215,12 +215,13 @@ bool IndexingPass::bFillsAtMostHalfThePage(const text& t) const noexcept {
 template <class Entry>
 void IndexingPass::Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) const {
     if (list.empty()) {
-        list.reserve(nUsualCount(nPageSize(m_page), nBytesPerEntry));
+        list.reserve(nUsualCount(nByteCount(m_page), nBytesPerEntry));
     }
     list.push_back(entry);
 }
 
-// Of several visits of one tag the last counts, whose step ends behind it.
+// A tag is visited once more for each '>' in the text before it. The last visit counts: its step ends behind
+// the tag.
 void IndexingPass::MarkImage(const char* pName) {
     std::vector<ImageMark>& marks = m_index.imageTrail.vMarks;
     const ImageMark mark{pName, {pBehindStep(), {}}};
@@ -261,7 +262,7 @@ void IndexingPass::CloseAnchor() {
     if (m_bInAnchor && m_tagAnchor.m_urlHref.IsEmpty() == 0) {
         if (const text tLinkText = tCaptured(m_tAnchorText); tLinkText.IsEmpty() == 0) {
             if (m_index.urlMap.empty()) {
-                m_index.urlMap.Reserve(nUsualCount(nPageSize(m_page), BYTES_PER_LINK));
+                m_index.urlMap.Reserve(nUsualCount(nByteCount(m_page), BYTES_PER_LINK));
             }
             m_links.Insert(m_tagAnchor, tLinkText);
         }
@@ -296,7 +297,7 @@ void IndexingPass::DropCell() noexcept {
 void HtmlParser::InitializeHtmlFile() {
     m_bInitialized = 1;
     m_imageTrail.Clear();
-    if (nPageSize(m_tPage) == 0) {
+    if (nByteCount(m_tPage) == 0) {
         return;
     }
     const Index index{m_tagTr,      m_tagTd,      m_tagTable, m_tTitle,

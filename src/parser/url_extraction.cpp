@@ -7,16 +7,16 @@
 
 #include "pageslice/html_parser.h"
 #include "parser/image_walk.h"
-#include "parser/page_size.h"
 #include "platform/bits.h"
 #include "tags/tag_img.h"
+#include "text/byte_count.h"
 
 namespace {
 
 // A list's size is an int. What does not fit, or stands in a page too large for ints, gives a list without
 // a buffer.
 int nListSize(std::size_t n, const text& page) noexcept {
-    return n > INT_MAX || nPageSize(page) > INT_MAX ? 0 : static_cast<int>(n);
+    return n > INT_MAX || nByteCount(page) > INT_MAX ? 0 : static_cast<int>(n);
 }
 
 // URLs stand far apart in a page, links also in no order that the processor foresees: their characters are

@@ -58,9 +58,9 @@ void UrlMap::Clear() noexcept {
     m_nLinkBytes = 0;
 }
 
-// Hangs a new leaf, the last node of a path that begins at the root, on a side of the one before. Gives what
+// Adds a leaf, the last node of a path that begins at the root, on a side of the one before. Gives what
 // Rebalance gives.
-std::size_t UrlMap::Hang(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept {
+std::size_t UrlMap::AddLeaf(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept {
     const std::uint32_t nNode = pPath[nDepth];
     if (nDepth == 0) {
         m_nRoot = nNode;
@@ -111,8 +111,8 @@ void UrlMap::Rotate(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexc
 }
 
 // The insertion fix-up for the last node of a path that begins at the root: no red node keeps a red parent.
-// At last a node may go down below a child of its own: gives how deep it stood, or nDepth when none did. The
-// deepest nodes of the path may have changed places.
+// It may end with a rotation that puts a node of the path below one of its children: gives that node's depth
+// before, or nDepth without a rotation. The path's last two nodes may have changed places.
 std::size_t UrlMap::Rebalance(std::uint32_t* pPath, std::size_t nDepth) noexcept {
     std::size_t n = nDepth; // of the red node
     while (n >= 2 && bIsRed(pPath[n - 1])) {
@@ -180,7 +180,7 @@ void UrlMapBuilder::Insert(const tag_a& anchor, const text& tLinkText) {
         m_links[m_nSteps++] = {pLink, nLength};
     }
     place.pPath[place.nDepth] = nNew;
-    const std::size_t nLowered = m_map.Hang(place.pPath, place.nDepth, place.nSide);
+    const std::size_t nLowered = m_map.AddLeaf(place.pPath, place.nDepth, place.nSide);
     if (!bAside) {
         KeepSpine(nLowered);
     } else if (nLowered <= nSteps) {

@@ -26,7 +26,7 @@ bool TagWalk::bIsWanted(std::uint64_t nWord, int& nCode) const noexcept {
 }
 
 const char* TagWalk::pNextBehindSweep() noexcept {
-    while (bEndStep()) {
+    while (bGoOn()) {
         if (m_pFrom < m_pSingleUntil) {
             if (!bSingleStep()) {
                 return nullptr;
@@ -41,8 +41,9 @@ const char* TagWalk::pNextBehindSweep() noexcept {
     return nullptr;
 }
 
-// Ends the current step, once it has visited its '<'; of a sweep, the last step. False when the walk is over.
-bool TagWalk::bEndStep() noexcept {
+// Ends the current step, once it has visited its '<'; of a sweep, the last step. False when that was the
+// walk's end.
+bool TagWalk::bGoOn() noexcept {
     if (m_bVisited) {
         m_pOpen = m_pSwept == nullptr ? m_pOpen : m_pLastVisit;
         const char* const pEnd = pStepEnd();

@@ -92,7 +92,7 @@ private:
     const char* pKnownFarStepEnd() const noexcept;
     WalkPosition RestOfStep() const noexcept;
     const char* pNextBehindSweep() noexcept;
-    bool bEndStep() noexcept;
+    bool bGoOn() noexcept;
     bool bSingleStep() noexcept;
     bool bSweep() noexcept;
     void KeepWanted() noexcept;

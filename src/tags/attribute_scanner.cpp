@@ -9,9 +9,7 @@ namespace {
 
 constexpr int LONGEST_NAME = 7;
 
-} // namespace
-
-static int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept {
+int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) noexcept {
     const std::ptrdiff_t n = pLast - p + 1;
     if (n == 1 && *p == '>') {
         return ATTR_TAG_END;
@@ -23,6 +21,8 @@ static int nGetNameCode(const char* p, const char* pLast, const char* pPageEnd) 
     return ATTRIBUTE_WORDS.nFind(
         nFirstBytes(nWord, static_cast<std::size_t>(n)) | std::uint64_t{WORD_MARK} << (8 * n), ATTR_UNKNOWN);
 }
+
+} // namespace
 
 NameAt ReadAnyName(const char* p, const char* pPageEnd) noexcept {
     const char* const pLast = pFindLastOfName(p, pPageEnd);

@@ -25,7 +25,7 @@ struct CharSet {
 
 // The micro sign and the ordinal indicators are signs here, and so are vowel marks and letter-like accents.
 // clang-format off
-constexpr CharSet kSets[] = {
+constexpr CharSet SETS[] = {
     //0123456789ABCDEF   0123456789ABCDEF
     // ISO 8859-1: its no-break space is a control character, unlike that of any other set.
     {'c',
@@ -97,30 +97,30 @@ constexpr CharSet kSets[] = {
 };
 // clang-format on
 
-constexpr std::size_t kSetCount = sizeof kSets / sizeof kSets[0];
+constexpr std::size_t SET_COUNT = sizeof SETS / sizeof SETS[0];
 
 // ASCII is the same in every set. A later range overrides an earlier one.
 struct Range {
     unsigned char first, last, kind;
 };
-constexpr Range kAscii[] = {
+constexpr Range ASCII[] = {
     {0x00, 0x1F, CT_CONTROL},        {'\t', '\r', CT_CONTROL | CT_SPACE},
     {' ', ' ', CT_SPACE | CT_BLANK}, {'!', '~', CT_PUNCT},
     {'0', '9', CT_DIGIT | CT_HEX},   {'A', 'Z', CT_UPPER},
     {'A', 'F', CT_UPPER | CT_HEX},   {'a', 'z', CT_LOWER},
     {'a', 'f', CT_LOWER | CT_HEX},   {0x7F, 0x7F, CT_CONTROL},
 };
-constexpr Pairs kAsciiPairs = {'A', 'a', 26};
+constexpr Pairs ASCII_PAIRS = {'A', 'a', 26};
 
-constexpr int kBelowZero = 128; // entries for the negative values of a signed char
-constexpr int kEntries = kBelowZero + 256;
+constexpr int BELOW_ZERO = 128; // entries for the negative values of a signed char
+constexpr int ENTRIES = BELOW_ZERO + 256;
 
 struct Tables {
-    unsigned char kind[kEntries], lower[kEntries], upper[kEntries];
+    unsigned char kind[ENTRIES], lower[ENTRIES], upper[ENTRIES];
 };
 
 // A mark that the legend does not know, or one too few, ends up at the throw and so stops the build.
-constexpr unsigned char kindOf(char mark) {
+constexpr unsigned char nKindOf(char mark) {
     switch (mark) {
     case 'A': return CT_UPPER;
     case 'a': return CT_LOWER;
@@ -132,10 +132,10 @@ constexpr unsigned char kindOf(char mark) {
     throw "no such mark";
 }
 
-constexpr void pair(Tables& tables, const Pairs& pairs) {
+constexpr void Pair(Tables& tables, const Pairs& pairs) {
     for (int i = 0; i < pairs.length; ++i) {
-        const int upper = kBelowZero + pairs.upper + i;
-        const int lower = kBelowZero + pairs.lower + i;
+        const int upper = BELOW_ZERO + pairs.upper + i;
+        const int lower = BELOW_ZERO + pairs.lower + i;
         if ((tables.kind[upper] & CT_UPPER) && (tables.kind[lower] & CT_LOWER)) {
             tables.lower[upper] = static_cast<unsigned char>(pairs.lower + i);
             tables.upper[lower] = static_cast<unsigned char>(pairs.upper + i);
@@ -143,55 +143,58 @@ constexpr void pair(Tables& tables, const Pairs& pairs) {
     }
 }
 
-constexpr Tables build(const CharSet& set) {
+constexpr Tables Build(const CharSet& set) {
     Tables tables{};
-    for (const Range& range : kAscii) {
-        for (int c = range.first; c <= range.last; ++c)
-            tables.kind[kBelowZero + c] = range.kind;
+    for (const Range& range : ASCII) {
+        for (int c = range.first; c <= range.last; ++c) {
+            tables.kind[BELOW_ZERO + c] = range.kind;
+        }
     }
-    for (int c = 0x80; c <= 0xFF; ++c)
-        tables.kind[kBelowZero + c] = kindOf(c < 0xA0 ? set.c1 : set.marks[c - 0xA0]);
+    for (int c = 0x80; c <= 0xFF; ++c) {
+        tables.kind[BELOW_ZERO + c] = nKindOf(c < 0xA0 ? set.c1 : set.marks[c - 0xA0]);
+    }
 
-    for (int c = 0; c <= 0xFF; ++c)
-        tables.lower[kBelowZero + c] = tables.upper[kBelowZero + c] = static_cast<unsigned char>(c);
-    pair(tables, kAsciiPairs);
-    for (const Pairs& pairs : set.pairs)
-        pair(tables, pairs);
+    for (int c = 0; c <= 0xFF; ++c) {
+        tables.lower[BELOW_ZERO + c] = tables.upper[BELOW_ZERO + c] = static_cast<unsigned char>(c);
+    }
+    Pair(tables, ASCII_PAIRS);
+    for (const Pairs& pairs : set.pairs) {
+        Pair(tables, pairs);
+    }
 
     // A signed char finds what its unsigned twin finds, but -1 is also the end of a file: it has no class.
-    for (int i = 0; i < kBelowZero; ++i) {
+    for (int i = 0; i < BELOW_ZERO; ++i) {
         tables.kind[i] = tables.kind[i + 256];
         tables.lower[i] = tables.lower[i + 256];
         tables.upper[i] = tables.upper[i + 256];
     }
-    tables.kind[kBelowZero - 1] = 0;
+    tables.kind[BELOW_ZERO - 1] = 0;
     return tables;
 }
 
-constexpr std::array<Tables, kSetCount> buildAll() {
-    std::array<Tables, kSetCount> all{};
-    for (std::size_t i = 0; i < kSetCount; ++i)
-        all[i] = build(kSets[i]);
+constexpr std::array<Tables, SET_COUNT> BuildAll() {
+    std::array<Tables, SET_COUNT> all{};
+    for (std::size_t i = 0; i < SET_COUNT; ++i) {
+        all[i] = Build(SETS[i]);
+    }
     return all;
 }
 
-constexpr auto kTables = buildAll();
+constexpr auto TABLES = BuildAll();
 
 } // namespace
 
 const unsigned char* const g_charClass[11] = {
-    kTables[0].kind, kTables[1].kind, kTables[2].kind, kTables[3].kind, kTables[4].kind,  kTables[5].kind,
-    kTables[6].kind, kTables[7].kind, kTables[8].kind, kTables[9].kind, kTables[10].kind,
+    TABLES[0].kind, TABLES[1].kind, TABLES[2].kind, TABLES[3].kind, TABLES[4].kind,  TABLES[5].kind,
+    TABLES[6].kind, TABLES[7].kind, TABLES[8].kind, TABLES[9].kind, TABLES[10].kind,
 };
 
 const unsigned char* const g_charToLower[12] = {
-    kTables[0].lower, kTables[1].lower, kTables[2].lower,  kTables[3].lower,
-    kTables[4].lower, kTables[5].lower, kTables[6].lower,  kTables[7].lower,
-    kTables[8].lower, kTables[9].lower, kTables[10].lower, nullptr,
+    TABLES[0].lower, TABLES[1].lower, TABLES[2].lower, TABLES[3].lower, TABLES[4].lower,  TABLES[5].lower,
+    TABLES[6].lower, TABLES[7].lower, TABLES[8].lower, TABLES[9].lower, TABLES[10].lower, nullptr,
 };
 
 const unsigned char* const g_charToUpper[12] = {
-    kTables[0].upper, kTables[1].upper, kTables[2].upper,  kTables[3].upper,
-    kTables[4].upper, kTables[5].upper, kTables[6].upper,  kTables[7].upper,
-    kTables[8].upper, kTables[9].upper, kTables[10].upper, nullptr,
+    TABLES[0].upper, TABLES[1].upper, TABLES[2].upper, TABLES[3].upper, TABLES[4].upper,  TABLES[5].upper,
+    TABLES[6].upper, TABLES[7].upper, TABLES[8].upper, TABLES[9].upper, TABLES[10].upper, nullptr,
 };

@@ -1,5 +1,6 @@
 // Small routines on NUL-terminated strings and single characters. None keeps state. A null string counts as
-// the empty one, and nothing is written through it.
+// the empty one, and nothing is written through it. They are kept as a set, whichever of them the library
+// calls.
 #ifndef PAGESLICE_TEXT_STRING_UTILS_H
 #define PAGESLICE_TEXT_STRING_UTILS_H
 

@@ -7,17 +7,10 @@
 #include <cstdio>
 #include <cstring>
 
+#include "text/byte_count.h"
 #include "text/string_utils.h"
 
 namespace {
-
-// Characters that a routine may read: 0 for an empty slice and for one whose end lies before its start.
-std::size_t nReadable(const text& t) noexcept {
-    if (t.m_pStart == nullptr || t.m_pEnd == nullptr || t.m_pEnd < t.m_pStart) {
-        return 0;
-    }
-    return static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1;
-}
 
 std::uintptr_t nAddress(const char* p) noexcept {
     return reinterpret_cast<std::uintptr_t>(p);
@@ -77,12 +70,12 @@ int text::IsAlphabetic(char c) const noexcept {
 }
 
 int text::IsAlphabetic() const noexcept {
-    const std::size_t n = nReadable(*this);
+    const std::size_t n = nByteCount(*this);
     return std::all_of(m_pStart, m_pStart + n, bIsAsciiLetter) ? 1 : 0;
 }
 
 int text::nNumWords() const noexcept {
-    const std::size_t n = nReadable(*this);
+    const std::size_t n = nByteCount(*this);
     int nWords = 0;
     bool bInWord = false;
     for (std::size_t i = 0; i < n; ++i) {
@@ -94,8 +87,8 @@ int text::nNumWords() const noexcept {
 }
 
 int text::strncmp(const text& t) const noexcept {
-    const std::size_t a = nReadable(*this);
-    const std::size_t b = nReadable(t);
+    const std::size_t a = nByteCount(*this);
+    const std::size_t b = nByteCount(t);
     const std::size_t n = std::min(a, b);
     const int r = n == 0 ? 0 : std::strncmp(m_pStart, t.m_pStart, n);
     if (a == b || r != 0) {
@@ -124,7 +117,7 @@ char* text::pMakeCopy() const {
     if (IsEmpty() != 0) {
         return nullptr;
     }
-    const std::size_t n = nReadable(*this);
+    const std::size_t n = nByteCount(*this);
     char* const pCopy = new char[n + 1];
     std::strncpy(pCopy, m_pStart, n); // a NUL inside the slice ends the copy, zeros fill the rest
     pCopy[n] = '\0';

@@ -7,16 +7,13 @@
 #include <vector>
 
 #include "platform/afx_parse_url.h"
+#include "text/byte_count.h"
 #include "url/bounded_length.h"
 
 namespace {
 
 // The length of "http://", the head that every URL is taken to have.
 constexpr int HEAD_LENGTH = 7;
-
-bool bHasCharacters(const text& t) noexcept {
-    return t.m_pStart != nullptr && t.m_pEnd != nullptr && t.m_pStart <= t.m_pEnd;
-}
 
 // How many characters of `word` the text read so far ends with, after `c` was read behind nMatched of them.
 // borders[i]: how many characters of `word` its own beginning up to i ends with, that whole not counted.
@@ -57,7 +54,7 @@ text url::tGetHostName(const char* pUrl) noexcept {
 }
 
 text url::tGetHostName(const text& tUrl) noexcept {
-    if (!bHasCharacters(tUrl) || tUrl.GetLength() < HEAD_LENGTH) {
+    if (nByteCount(tUrl) == 0 || tUrl.GetLength() < HEAD_LENGTH) {
         return {};
     }
     const char* const pHost = tUrl.m_pStart + HEAD_LENGTH;
@@ -100,7 +97,7 @@ text url::tGetHostName() const noexcept {
 }
 
 text url::tGetExtension(const text& tUrl) noexcept {
-    if (!bHasCharacters(tUrl) || *tUrl.m_pEnd == '.') {
+    if (nByteCount(tUrl) == 0 || *tUrl.m_pEnd == '.') {
         return {};
     }
     const char* p = tUrl.m_pEnd;
@@ -119,7 +116,7 @@ text url::tGetExtension() const noexcept {
 }
 
 text url::tGetFileTitle(const text& tUrl) noexcept {
-    if (!bHasCharacters(tUrl)) {
+    if (nByteCount(tUrl) == 0) {
         return {};
     }
     bool bDotSeen = false;
