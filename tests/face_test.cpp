@@ -21,7 +21,8 @@ namespace {
 using pageslice::page;
 
 static_assert(std::ranges::random_access_range<pageslice::link_range> &&
-              std::ranges::sized_range<pageslice::image_range>);
+              std::ranges::sized_range<pageslice::image_range> && std::ranges::view<pageslice::item_range> &&
+              std::ranges::borrowed_range<pageslice::cell_range>);
 static_assert(!std::is_copy_constructible_v<page> && std::is_nothrow_move_constructible_v<page>);
 
 constexpr std::string_view HTML =
