@@ -2,7 +2,7 @@
 # one hides. Each compiles the sources for itself, because what they export differs.
 
 # Lowest floor first; a floor includes only itself and those before it.
-set(floors platform text scan url output tags parser c_api)
+set(floors platform text scan output url tags parser c_api)
 list(TRANSFORM floors REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
 file(GLOB sources CONFIGURE_DEPENDS ${patterns})
 
