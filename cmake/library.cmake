@@ -11,6 +11,7 @@ if(PAGESLICE_SINGLE_FILE)
   file(GLOB headers CONFIGURE_DEPENDS include/pageslice/*.h src/*/*.h src/*/*.inc)
   set(single ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.cpp)
   add_custom_command(OUTPUT ${single} ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.h
+      ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated_c.h
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/amalgamate ${PROJECT_BINARY_DIR}/single
     DEPENDS ${sources} ${headers} ${PROJECT_SOURCE_DIR}/tools/amalgamate VERBATIM)
   set(sources ${single})
@@ -47,7 +48,14 @@ if(MSVC)
   set_target_properties(pageslice_static PROPERTIES OUTPUT_NAME pageslice_static)
 endif()
 
-if(PAGESLICE_BUILD_SHARED)
+# An installed library no longer shows CMake that it is C++: a host in C has to be told what else to link.
+set(runtime ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER runtime INCLUDE REGEX "^(std)?c\\+\\+")
+target_link_libraries(pageslice_static INTERFACE "$<INSTALL_INTERFACE:$<$<NOT:$<LINK_LANGUAGE:CXX>>:${runtime}>>")
+
+if(NOT PAGESLICE_BUILD_SHARED)
+  add_library(pageslice::pageslice ALIAS pageslice_static) # the name that hosts are told of
+else()
   pageslice_library(pageslice SHARED ${sources})
   add_library(pageslice::pageslice ALIAS pageslice)
   target_compile_definitions(pageslice PRIVATE PAGESLICE_BUILDING)

@@ -23,6 +23,13 @@ install(FILES ${PROJECT_BINARY_DIR}/pageslice-config.cmake ${PROJECT_BINARY_DIR}
 
 # The file finds the rest from its own place, so that an installed tree can be moved.
 file(RELATIVE_PATH prefix_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+# What only the static library needs is every host's to know where there is no other.
+if(TARGET pageslice)
+  set(cflags_static "\nCflags.private:")
+  set(libs_static "\nLibs.private:")
+endif()
+list(TRANSFORM runtime PREPEND -l OUTPUT_VARIABLE runtime_flags)
+list(JOIN runtime_flags " " runtime_flags)
 configure_file(cmake/pageslice.pc.in pageslice.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/pageslice.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
