@@ -12,7 +12,16 @@ cores=$(nproc 2>/dev/null || echo 2)
 export CMAKE_BUILD_PARALLEL_LEVEL="${CMAKE_BUILD_PARALLEL_LEVEL:-$cores}"
 export CTEST_PARALLEL_LEVEL="${CTEST_PARALLEL_LEVEL:-$cores}"
 
-sources() { git ls-files --cached --others --exclude-standard "$@" | while read -r f; do [ ! -f "$f" ] || echo "$f"; done; }
+# The source files that git knows by these patterns; none at all would be found without fault, so that is an error.
+sources() {
+  found=$(git ls-files --cached --others --exclude-standard "$@" | while read -r f; do [ ! -f "$f" ] || echo "$f"; done)
+  if [ -z "$found" ]; then
+    echo "check.sh: no source files found; git names them to this stage, so it takes a git checkout" >&2
+    return 1
+  fi
+  echo "$found"
+}
+formatted_sources() { sources '*.h' '*.cpp' '*.c' '*.inc'; }
 
 build() {
   tools/quietly cmake --preset "$1"
@@ -60,12 +69,15 @@ run_under_valgrind() {
 run_stage() {
   case $1 in
     format)
-      tools/need format
-      sources '*.h' '*.cpp' | xargs -r tools/quietly clang-format-14 --dry-run -Werror
+      tools/need format python
+      files=$(formatted_sources)
+      echo "$files" | xargs tools/quietly clang-format-14 --dry-run -Werror
+      tools/floors
       ;;
     reformat)
       tools/need format
-      sources '*.h' '*.cpp' | xargs -r clang-format-14 -i
+      files=$(formatted_sources)
+      echo "$files" | xargs clang-format-14 -i
       ;;
     dev | release)
       tools/need build test
@@ -78,8 +90,8 @@ run_stage() {
     tidy)
       tools/need build test tidy
       tools/quietly cmake --preset dev
-      sources 'src/*.cpp' 'tools/*.cpp' 'examples/*.cpp' |
-        xargs -r -n 1 -P "$cores" tools/quietly clang-tidy-14 --quiet -p build/dev
+      files=$(sources 'src/*.cpp' 'tools/*.cpp' 'examples/*.cpp')
+      echo "$files" | xargs -n 1 -P "$cores" tools/quietly clang-tidy-14 --quiet -p build/dev
       ;;
     cppcheck)
       tools/need cppcheck

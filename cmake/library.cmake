@@ -2,7 +2,7 @@
 # one hides. Each compiles the sources for itself, because what they export differs.
 
 # Lowest floor first; a floor includes only itself and those before it.
-set(floors platform text scan url output tags parser c_api)
+set(floors platform text scan output url tags parser c_api)
 list(TRANSFORM floors REPLACE "(.+)" "${PROJECT_SOURCE_DIR}/src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
 file(GLOB sources CONFIGURE_DEPENDS ${patterns})
 
@@ -11,6 +11,7 @@ if(PAGESLICE_SINGLE_FILE)
   file(GLOB headers CONFIGURE_DEPENDS include/pageslice/*.h src/*/*.h src/*/*.inc)
   set(single ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.cpp)
   add_custom_command(OUTPUT ${single} ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated.h
+      ${PROJECT_BINARY_DIR}/single/pageslice_amalgamated_c.h
     COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/amalgamate ${PROJECT_BINARY_DIR}/single
     DEPENDS ${sources} ${headers} ${PROJECT_SOURCE_DIR}/tools/amalgamate VERBATIM)
   set(sources ${single})
@@ -47,7 +48,14 @@ if(MSVC)
   set_target_properties(pageslice_static PROPERTIES OUTPUT_NAME pageslice_static)
 endif()
 
-if(PAGESLICE_BUILD_SHARED)
+# An installed library no longer shows CMake that it is C++: a host in C has to be told what else to link.
+set(runtime ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER runtime INCLUDE REGEX "^(std)?c\\+\\+")
+target_link_libraries(pageslice_static INTERFACE "$<INSTALL_INTERFACE:$<$<NOT:$<LINK_LANGUAGE:CXX>>:${runtime}>>")
+
+if(NOT PAGESLICE_BUILD_SHARED)
+  add_library(pageslice::pageslice ALIAS pageslice_static) # the name that hosts are told of
+else()
   pageslice_library(pageslice SHARED ${sources})
   add_library(pageslice::pageslice ALIAS pageslice)
   target_compile_definitions(pageslice PRIVATE PAGESLICE_BUILDING)

@@ -35,6 +35,6 @@ function(pageslice_exports target)
 
   list(TRANSFORM names APPEND " DATA" REGEX "^_ZT") # tables, not functions
   list(JOIN names "\n" names)
-  file(CONFIGURE OUTPUT pageslice.def CONTENT "EXPORTS\n${names}\n")
+  file(CONFIGURE OUTPUT pageslice.def CONTENT "LIBRARY pageslice.dll\nEXPORTS\n${names}\n")
   target_sources(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/pageslice.def)
 endfunction()

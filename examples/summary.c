@@ -31,7 +31,8 @@ static char* read_file(const char* name, size_t* size) {
 }
 
 static void print_slice(const char* label, pageslice_slice slice) {
-    printf("%s %.*s\n", label, (int)slice.size, slice.data);
+    const char* data = slice.data != NULL ? slice.data : ""; /* what is missing has no data at all */
+    printf("%s %.*s\n", label, (int)slice.size, data);
 }
 
 static void print_plain_text(const pageslice_page* page, size_t page_size) {
