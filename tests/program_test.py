@@ -138,6 +138,17 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(failed.stderr, b"pageslice: standard output: Cannot be written\n")
         self.assertEqual(failed.returncode, 1)
 
+    @unittest.skipUnless(sys.platform == "linux" and len(PROGRAM) == 1, "needs a limit that Linux has")
+    def test_little_memory(self):
+        import resource
+        limited = {"preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_DATA, (60 << 20, 60 << 20))}
+        if run("--version", **limited)[0] != 0:
+            self.skipTest("a sanitizer needs more")
+        lines = b"\n".join(b'{"html": "%s"}' % (b"x" * size) for size in (1, 40 << 20, 2))
+        code, out, err = run("--stream", "--jobs", "256", stdin=lines, **limited)
+        self.assertEqual((code, err), (1, "pageslice: line 2: Too large to hold in memory\n"))
+        self.assertEqual([json.loads(line)["bytes"] for line in out.splitlines()], [1, 2])
+
     def write(self, pages):
         """Puts these pages and the samples into files; gives the files and their bytes."""
         pages = {**pages, **{path.stem: path.read_bytes() for path in SAMPLES.glob("*.html")}}
