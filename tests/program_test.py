@@ -192,6 +192,7 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual([link["href"] for link in found["links"]], ["../x", "mailto:a@b"])
         self.assertEqual([link["url"] for link in found["links"]], ["http://h/a/x", "mailto:a@b"])
         self.assertNotIn("url", report(b" <a href=x>t</a>")["links"][0])
+        self.assertNotIn(b'"url"', run("--stream", stdin=b'{"html": " <a href=x>t</a>"}')[1])
 
     def test_stream_answers_while_input_flows(self):
         for jobs in ("1", "3"):
