@@ -186,6 +186,12 @@ class ProgramTest(unittest.TestCase):
                 got = run(*args, TOUR)[1].decode().splitlines()
                 self.assertEqual((len(got), got[0]), (lines, first))
         self.assertIn("H2O on your left", run("--items", TOUR)[1].decode())
+        title, alt = "t" * 200, "a" * 200
+        long = f' <title>{title}</title><img src=x alt="[{alt}]">'.encode()
+        self.assertEqual(run("--title", "-", stdin=long)[1].decode(), title + "\n")
+        shown = run("-", stdin=long)[1].decode()
+        self.assertEqual(re.findall("t{9,}.?|a{9,}.?", shown), [title[:160] + "…", alt[:160] + "…"])
+        self.assertEqual(run("--title", "-")[1], b"\n")  # a line for each page
 
     def test_base(self):
         found = report(b" <a href=../x>t</a><a href=mailto:a@b>m</a>", "--base", "http://h/a/b/c")
