@@ -154,6 +154,7 @@ void printStream(const Options& options, Console& console) {
 void annotateFile(const Options& options, Console& console) {
     const std::string& file = options.files.front();
     const std::string& target = options.annotated;
+    const std::filesystem::path targetPath = pathOf(target);
     const Answer annotated = answer(file, [&] {
         const std::string bytes = readAll(file);
         return printAnnotated(readPage(file, options.base, bytes, true));
@@ -161,10 +162,10 @@ void annotateFile(const Options& options, Console& console) {
     std::error_code ignored;
     if (!annotated.error.empty() || target == "-") {
         put(annotated, console);
-    } else if (std::filesystem::equivalent(file, target, ignored)) {
+    } else if (std::filesystem::equivalent(pathOf(file), targetPath, ignored)) {
         console.error(target, "Is the page itself");
     } else {
-        std::ofstream out(target, std::ios::binary);
+        std::ofstream out(targetPath, std::ios::binary);
         if (!(out << annotated.report << std::flush)) {
             console.error(target, "Cannot be written");
         }

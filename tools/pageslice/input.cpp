@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <new>
@@ -72,7 +71,7 @@ File open(const std::filesystem::path& path) {
 // How many bytes to make room for. Files that do not know their size (pipes, devices) say 0.
 std::uintmax_t sizeHint(const std::string& name) {
     std::error_code error;
-    const std::uintmax_t size = name == "-" ? 0 : std::filesystem::file_size(name, error);
+    const std::uintmax_t size = name == "-" ? 0 : std::filesystem::file_size(pathOf(name), error);
     return error ? 0 : size;
 }
 
@@ -114,6 +113,14 @@ LineReader::Got append(std::string& line, std::string_view piece, std::size_t li
 
 } // namespace
 
+std::filesystem::path pathOf(const std::string& name) {
+#ifdef _WIN32
+    return std::u8string(name.begin(), name.end());
+#else
+    return name;
+#endif
+}
+
 void limitMemory() {
 #ifdef __linux__
     std::ifstream statm("/proc/self/statm");
@@ -147,7 +154,7 @@ std::size_t threadsThatFit(std::size_t wanted) {
 
 std::string readAll(const std::string& name) {
     try {
-        const File file = name == "-" ? File(stdin) : open(name);
+        const File file = name == "-" ? File(stdin) : open(pathOf(name));
         std::string bytes = readRest(file.get(), sizeHint(name));
         if (std::ferror(file.get()) != 0) {
             fail(errno);

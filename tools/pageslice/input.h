@@ -3,6 +3,7 @@
 #define PAGESLICE_TOOLS_INPUT_H
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 
 namespace pageslice {
@@ -14,6 +15,10 @@ void limitMemory();
 // Of so many threads, at least one, those whose stacks leave most of the memory to the pages: a stack counts
 // as a whole, however little of it is used.
 std::size_t threadsThatFit(std::size_t wanted);
+
+// The path that an argument names. Arguments are UTF-8 on Windows, where a path made of them without this
+// would take each byte for a character.
+std::filesystem::path pathOf(const std::string& name);
 
 // All bytes of a file, or of standard input for "-", whatever they are. Throws std::runtime_error, whose
 // message says in a few words why the page cannot be had; a page that would take more than half of the
