@@ -13,6 +13,8 @@ SAMPLES = pathlib.Path(sys.argv[1])
 PROGRAM = sys.argv[2:]
 POSIX = not PROGRAM[-1].endswith(".exe")
 TOUR = str(SAMPLES / "tour.html")
+if not POSIX:
+    os.environ["LC_ALL"] = "C.UTF-8"  # Wine takes arguments for characters of the locale
 
 ODD_PAGES = {
     "empty": b"",
@@ -20,7 +22,7 @@ ODD_PAGES = {
     "zero bytes": b"\0<title>a\0b</title>\0<a href=\0>\0</a>",
     "no line end": b" <li>x</li>",
     "UTF-16": "\ufeff<html><title>wide</title><a href='x'>y</a>".encode("utf-16-le"),
-    "Latin-1": b" <title>caf\xe9</title><a href=/\xfcber>\xfc</a><img src=\xe9.gif alt=\xff>",
+    "Latin-1 é Ж ☃": b" <title>caf\xe9</title><a href=/\xfcber>\xfc</a><img src=\xe9.gif alt=\xff>",
     "cut UTF-8": b" <title>\xe2\x82</title><li>\xed\xa0\x80\xf4\x90\x80\x80\xc0\x80</li>",
     "terminal orders": b" <title>\x1b]0;x\x07\x9b\xc2\x9b31m\r\x7f</title><a href='\x1b[2J\t'>\x08</a>",
     "every byte": b" <li>" + bytes(range(256)) + b"</li><a href=" + bytes(range(33, 256)) + b">x</a>",
@@ -138,6 +140,17 @@ class ProgramTest(unittest.TestCase):
         self.assertEqual(failed.stderr, b"pageslice: standard output: Cannot be written\n")
         self.assertEqual(failed.returncode, 1)
 
+    @unittest.skipUnless(sys.platform == "linux" and len(PROGRAM) == 1, "needs a limit that Linux has")
+    def test_little_memory(self):
+        import resource
+        limited = {"preexec_fn": lambda: resource.setrlimit(resource.RLIMIT_DATA, (60 << 20, 60 << 20))}
+        if run("--version", **limited)[0] != 0:
+            self.skipTest("a sanitizer needs more")
+        lines = b"\n".join(b'{"html": "%s"}' % (b"x" * size) for size in (1, 40 << 20, 2))
+        code, out, err = run("--stream", "--jobs", "256", stdin=lines, **limited)
+        self.assertEqual((code, err), (1, "pageslice: line 2: Too large to hold in memory\n"))
+        self.assertEqual([json.loads(line)["bytes"] for line in out.splitlines()], [1, 2])
+
     def write(self, pages):
         """Puts these pages and the samples into files; gives the files and their bytes."""
         pages = {**pages, **{path.stem: path.read_bytes() for path in SAMPLES.glob("*.html")}}
@@ -175,12 +188,19 @@ class ProgramTest(unittest.TestCase):
                 got = run(*args, TOUR)[1].decode().splitlines()
                 self.assertEqual((len(got), got[0]), (lines, first))
         self.assertIn("H2O on your left", run("--items", TOUR)[1].decode())
+        title, alt = "t" * 200, "a" * 200
+        long = f' <title>{title}</title><img src=x alt="[{alt}]">'.encode()
+        self.assertEqual(run("--title", "-", stdin=long)[1].decode(), title + "\n")
+        shown = run("-", stdin=long)[1].decode()
+        self.assertEqual(re.findall("t{9,}.?|a{9,}.?", shown), [title[:160] + "…", alt[:160] + "…"])
+        self.assertEqual(run("--title", "-")[1], b"\n")  # a line for each page
 
     def test_base(self):
         found = report(b" <a href=../x>t</a><a href=mailto:a@b>m</a>", "--base", "http://h/a/b/c")
         self.assertEqual([link["href"] for link in found["links"]], ["../x", "mailto:a@b"])
         self.assertEqual([link["url"] for link in found["links"]], ["http://h/a/x", "mailto:a@b"])
         self.assertNotIn("url", report(b" <a href=x>t</a>")["links"][0])
+        self.assertNotIn(b'"url"', run("--stream", stdin=b'{"html": " <a href=x>t</a>"}')[1])
 
     def test_stream_answers_while_input_flows(self):
         for jobs in ("1", "3"):
@@ -233,9 +253,9 @@ class ProgramTest(unittest.TestCase):
         files, pages = self.write({"overlap": overlapping})
         for name, page, one in zip(files, pages, reports(*files), strict=True):
             with self.subTest(page=name):
-                code, out, err = run("--annotate", "-", name)
-                text = out.decode("utf-8")
-                self.assertEqual((code, err), (0, ""))
+                marked = self.path / "é Ж ☃.html"
+                self.assertEqual(run("--annotate", str(marked), name), (0, b"", ""))
+                text = marked.read_bytes().decode("utf-8")
                 self.assertNotRegex(text, r"<(img|iframe|object|embed)\b|<(script|link)[^>]+http|url\(|@import")
                 annotated = Annotated(text)
                 self.assertEqual(len(annotated.ids), len(set(annotated.ids)))

@@ -1,5 +1,6 @@
 #include "batch.h"
 
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -28,6 +29,7 @@ constexpr std::size_t URL_LIMIT = 8192;
 struct Line {
     std::size_t number = 0;
     std::string json;
+    LineReader::Got got = LineReader::Got::nothing;
 };
 
 struct Answer {
@@ -38,10 +40,10 @@ struct Answer {
 
 // Runs one piece of work; what it throws becomes the answer's error.
 template <class Report>
-Answer answer(std::string input, Report report) {
+Answer answer(const std::string& input, Report report) {
     Answer result;
-    result.input = std::move(input);
     try {
+        result.input = input;
         result.report = report();
     } catch (const std::bad_alloc&) {
         result.error = "Too large to hold in memory";
@@ -59,6 +61,10 @@ void put(const Answer& answered, Console& console) {
     }
 }
 
+bool isBlank(const std::string& line) {
+    return line.find_first_not_of(" \t\r") == std::string::npos;
+}
+
 std::string takeString(nlohmann::json& object, const char* name) {
     if (!object[name].is_string()) {
         throw std::runtime_error(std::string("Its \"") + name + "\" is not a string");
@@ -67,8 +73,11 @@ std::string takeString(nlohmann::json& object, const char* name) {
 }
 
 std::string reportOnLine(Line& line, const Options& options) {
-    if (line.json.size() >= LINE_LIMIT) {
+    if (line.got == LineReader::Got::tooLongLine) {
         throw std::runtime_error("Longer than 256 MiB");
+    }
+    if (line.got == LineReader::Got::tooLargeForMemory) {
+        throw std::bad_alloc();
     }
     nlohmann::json object;
     try {
@@ -102,8 +111,8 @@ void printFiles(const Options& options, Console& console) {
     const bool apart = !options.json && !options.isSingle();
     bool first = true;
     inOrder(
-        options.jobs,
-        [&] { return next < options.files.size() ? std::optional(options.files[next++]) : std::nullopt; },
+        threadsThatFit(std::min(options.jobs, options.files.size())),
+        [&] { return next < options.files.size() ? &options.files[next++] : nullptr; },
         [&](const std::string& file) { return answer(file, [&] { return reportOnFile(file, options); }); },
         [&](const Answer& answered) {
             if (apart && !first && answered.error.empty()) {
@@ -120,15 +129,14 @@ void printStream(const Options& options, Console& console) {
     std::size_t number = 0;
     std::size_t done = 0;
     inOrder(
-        options.jobs,
+        threadsThatFit(options.jobs),
         [&] {
             Line line;
-            bool any = true;
-            while (any && line.json.find_first_not_of(" \t\r") == std::string::npos) {
+            do {
                 line.number = ++number;
-                any = input.next(line.json, LINE_LIMIT);
-            }
-            return any ? std::optional(std::move(line)) : std::nullopt;
+                line.got = input.next(line.json, LINE_LIMIT);
+            } while (line.got == LineReader::Got::line && isBlank(line.json));
+            return line.got != LineReader::Got::nothing ? std::optional(std::move(line)) : std::nullopt;
         },
         [&](Line& line) {
             return answer("line " + std::to_string(line.number), [&] { return reportOnLine(line, options); });
@@ -146,6 +154,7 @@ void printStream(const Options& options, Console& console) {
 void annotateFile(const Options& options, Console& console) {
     const std::string& file = options.files.front();
     const std::string& target = options.annotated;
+    const std::filesystem::path targetPath = pathOf(target);
     const Answer annotated = answer(file, [&] {
         const std::string bytes = readAll(file);
         return printAnnotated(readPage(file, options.base, bytes, true));
@@ -153,10 +162,10 @@ void annotateFile(const Options& options, Console& console) {
     std::error_code ignored;
     if (!annotated.error.empty() || target == "-") {
         put(annotated, console);
-    } else if (std::filesystem::equivalent(file, target, ignored)) {
+    } else if (std::filesystem::equivalent(pathOf(file), targetPath, ignored)) {
         console.error(target, "Is the page itself");
     } else {
-        std::ofstream out(target, std::ios::binary);
+        std::ofstream out(targetPath, std::ios::binary);
         if (!(out << annotated.report << std::flush)) {
             console.error(target, "Cannot be written");
         }

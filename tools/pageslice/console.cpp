@@ -27,10 +27,19 @@ bool understandsColours() {
     return GetConsoleMode(console, &mode) != 0 && SetConsoleMode(console, mode | 0x0004) != 0;
 }
 
-void prepareStreams() {
+// Gives the code page that the console had.
+unsigned prepareStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
+    const UINT former = GetConsoleOutputCP();
+    return SetConsoleOutputCP(CP_UTF8) != 0 ? former : 0;
+}
+
+// The console outlives the program.
+void restoreCodePage(unsigned former) {
+    if (former != 0) {
+        SetConsoleOutputCP(former);
+    }
 }
 #else
 bool isTerminal(std::FILE* pFile) {
@@ -41,18 +50,26 @@ bool understandsColours() {
     return true;
 }
 
-void prepareStreams() {}
+unsigned prepareStreams() {
+    return 0;
+}
+
+void restoreCodePage(unsigned /*former*/) {}
 #endif
 
 } // namespace
 
 Console::Console()
-    : outTerminal(isTerminal(stdout)),
+    : formerCodePage(prepareStreams()), outTerminal(isTerminal(stdout)),
       outColours(outTerminal && std::getenv("NO_COLOR") == nullptr && understandsColours()),
       showsProgress(!outTerminal && isTerminal(stderr)), lastProgress(std::chrono::steady_clock::now()) {
-    prepareStreams();
     std::ios::sync_with_stdio(false);
     std::cin.tie(nullptr); // the reader and the writer may be two threads
+}
+
+Console::~Console() {
+    clearProgress();
+    restoreCodePage(formerCodePage);
 }
 
 void Console::error(const std::string& what, const std::string& why) {

@@ -11,9 +11,10 @@ namespace pageslice {
 // Messages and the progress line. Used by one thread at a time.
 class Console {
 public:
-    // Puts the standard streams into binary mode: pages are bytes.
+    // Puts the standard streams into binary mode: pages are bytes. Until the end, a Windows console takes
+    // UTF-8.
     Console();
-    ~Console() { clearProgress(); }
+    ~Console();
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
@@ -31,6 +32,7 @@ public:
 private:
     void clearProgress();
 
+    unsigned formerCodePage; // of the console; 0: nothing to restore
     bool outTerminal;
     bool outColours;
     bool showsProgress;

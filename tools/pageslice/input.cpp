@@ -5,11 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <new>
 #include <stdexcept>
+#include <string_view>
 #include <system_error>
 
 #ifdef __linux__
@@ -71,7 +71,7 @@ File open(const std::filesystem::path& path) {
 // How many bytes to make room for. Files that do not know their size (pipes, devices) say 0.
 std::uintmax_t sizeHint(const std::string& name) {
     std::error_code error;
-    const std::uintmax_t size = name == "-" ? 0 : std::filesystem::file_size(name, error);
+    const std::uintmax_t size = name == "-" ? 0 : std::filesystem::file_size(pathOf(name), error);
     return error ? 0 : size;
 }
 
@@ -96,7 +96,30 @@ std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
     }
 }
 
+// Adds a piece to a line, or drops the line.
+LineReader::Got append(std::string& line, std::string_view piece, std::size_t limit) {
+    auto trouble = LineReader::Got::tooLongLine;
+    if (piece.size() <= limit - line.size()) {
+        try {
+            line += piece;
+            return LineReader::Got::line;
+        } catch (const std::bad_alloc&) {
+            trouble = LineReader::Got::tooLargeForMemory;
+        }
+    }
+    std::string().swap(line);
+    return trouble;
+}
+
 } // namespace
+
+std::filesystem::path pathOf(const std::string& name) {
+#ifdef _WIN32
+    return std::u8string(name.begin(), name.end());
+#else
+    return name;
+#endif
+}
 
 void limitMemory() {
 #ifdef __linux__
@@ -116,9 +139,22 @@ void limitMemory() {
 #endif
 }
 
+std::size_t threadsThatFit(std::size_t wanted) {
+#ifdef __linux__
+    rlimit memory = {};
+    rlimit stack = {};
+    if (getrlimit(RLIMIT_DATA, &memory) == 0 && getrlimit(RLIMIT_STACK, &stack) == 0 &&
+        stack.rlim_cur != RLIM_INFINITY && stack.rlim_cur != 0) {
+        const rlim_t fitting = std::max<rlim_t>(memory.rlim_cur / 4 / stack.rlim_cur, 1);
+        return static_cast<std::size_t>(std::min<rlim_t>(fitting, wanted));
+    }
+#endif
+    return wanted;
+}
+
 std::string readAll(const std::string& name) {
     try {
-        const File file = name == "-" ? File(stdin) : open(name);
+        const File file = name == "-" ? File(stdin) : open(pathOf(name));
         std::string bytes = readRest(file.get(), sizeHint(name));
         if (std::ferror(file.get()) != 0) {
             fail(errno);
@@ -129,26 +165,36 @@ std::string readAll(const std::string& name) {
     }
 }
 
-bool LineReader::next(std::string& line, std::size_t limit) {
+LineReader::LineReader() {
+    buffer.reserve(CHUNK);
+}
+
+LineReader::Got LineReader::next(std::string& line, std::size_t limit) {
     line.clear();
-    for (bool any = false;; any = true) {
+    for (Got got = Got::nothing;;) {
         if (used == buffer.size()) {
-            buffer.resize(CHUNK);
-            const auto got = read(STDIN_FILENO, buffer.data(), CHUNK);
-            hasFailed = got < 0;
-            buffer.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
-            used = 0;
+            fill();
         }
         if (buffer.empty()) {
-            return any;
+            return got;
         }
         const std::size_t end = std::min(buffer.find('\n', used), buffer.size());
-        line.append(buffer, used, std::min(end - used, limit - line.size()));
+        if (got == Got::nothing || got == Got::line) {
+            got = append(line, std::string_view(buffer).substr(used, end - used), limit);
+        }
         used = std::min(end + 1, buffer.size());
         if (end != buffer.size()) {
-            return true;
+            return got;
         }
     }
+}
+
+void LineReader::fill() {
+    buffer.resize(CHUNK);
+    const auto got = read(STDIN_FILENO, buffer.data(), CHUNK);
+    hasFailed = got < 0;
+    buffer.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    used = 0;
 }
 
 } // namespace pageslice

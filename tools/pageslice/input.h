@@ -3,6 +3,7 @@
 #define PAGESLICE_TOOLS_INPUT_H
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 
 namespace pageslice {
@@ -10,6 +11,14 @@ namespace pageslice {
 // Sees to it that allocations fail before they take all memory of the machine: the system would end the
 // program without a word instead, since it hands out more than there is.
 void limitMemory();
+
+// Of so many threads, at least one, those whose stacks leave most of the memory to the pages: a stack counts
+// as a whole, however little of it is used.
+std::size_t threadsThatFit(std::size_t wanted);
+
+// The path that an argument names. Arguments are UTF-8 on Windows, where a path made of them without this
+// would take each byte for a character.
+std::filesystem::path pathOf(const std::string& name);
 
 // All bytes of a file, or of standard input for "-", whatever they are. Throws std::runtime_error, whose
 // message says in a few words why the page cannot be had; a page that would take more than half of the
@@ -20,12 +29,17 @@ std::string readAll(const std::string& name);
 // standard streams of some systems do.
 class LineReader {
 public:
-    // Without its line end; false at the end of the input. Of a line beyond `limit` bytes the first ones are
-    // kept and the rest is skipped.
-    bool next(std::string& line, std::size_t limit);
+    enum class Got { nothing, line, tooLongLine, tooLargeForMemory };
+
+    LineReader();
+    // Gives the next line without its line end, or nothing at the end of the input. A line of more than
+    // `limit` bytes, and one that memory cannot hold, is skipped and comes as an empty one. Does not throw.
+    Got next(std::string& line, std::size_t limit);
     bool failed() const { return hasFailed; }
 
 private:
+    void fill();
+
     bool hasFailed = false;
     std::string buffer;
     std::size_t used = 0; // of the buffer

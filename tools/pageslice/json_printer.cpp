@@ -20,7 +20,7 @@ public:
         if (!page.file.empty()) {
             member("file", page.file);
         }
-        if (!page.url.empty() || page.file.empty()) {
+        if (!page.url.empty()) {
             member("url", page.url);
         }
         member("bytes", page.bytes.size());

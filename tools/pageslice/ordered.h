@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <exception>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -14,7 +15,7 @@ namespace pageslice {
 // Calls next() until it gives an empty optional, work(job) on what it gave, emit(result) on what came of
 // it. Only work runs on several threads at once; next and emit are each called by one at a time and in the
 // order of the jobs. A thread holds one job until its result is out, so that no more than `threads` of
-// them are in memory. None of the three may throw.
+// them are in memory. None of the three may throw. Where the system gives fewer threads, those do the work.
 template <class Next, class Work, class Emit>
 void inOrder(std::size_t threads, Next next, Work work, Emit emit) {
     std::mutex input;
@@ -40,8 +41,11 @@ void inOrder(std::size_t threads, Next next, Work work, Emit emit) {
         }
     };
     std::vector<std::thread> helpers;
-    for (std::size_t i = 1; i < threads; ++i) {
-        helpers.emplace_back(loop);
+    try {
+        for (std::size_t i = 1; i < threads; ++i) {
+            helpers.emplace_back(loop);
+        }
+    } catch (const std::exception&) { // of the system or for lack of memory: the next would fare no better
     }
     loop();
     for (std::thread& helper : helpers) {

@@ -61,13 +61,9 @@ private:
         return slice;
     }
 
-    // The walk that GetUrlLists makes, on a page with characters, for the places and the other attributes
-    // that its lists do not hold.
+    // The walk that GetUrlLists makes, for the places and the other attributes that its lists do not hold.
     void collectImages() {
-        if (page.bytes.empty()) {
-            return;
-        }
-        ImageWalk walk(m_tPage.m_pStart, m_tPage);
+        ImageWalk walk(m_tPage, m_imageTrail);
         for (tag_img tag; walk.pNext(tag) != nullptr;) {
             if (tag.m_urlSrc.IsEmpty() == 0) {
                 const Slice src = sliceOf(tag.m_urlSrc);

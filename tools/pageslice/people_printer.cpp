@@ -33,10 +33,13 @@ std::string urlLine(Slice written, const std::string& absolute) {
 }
 
 // Alternative texts often carry brackets of their own.
-std::string altOf(const Image& image) {
-    std::string alt = oneLine(image.alt, Markup::keep);
-    const bool bracketed = alt.size() > 1 && alt.front() == '[' && alt.back() == ']';
-    return bracketed ? alt.substr(1, alt.size() - 2) : alt;
+std::string altOf(const Image& image, std::size_t limit) {
+    const std::string whole = oneLine(image.alt, Markup::keep);
+    std::string_view alt = whole;
+    if (alt.size() > 1 && alt.front() == '[' && alt.back() == ']') {
+        alt = alt.substr(1, alt.size() - 2);
+    }
+    return oneLine(alt, Markup::keep, limit);
 }
 
 struct Row {
@@ -105,14 +108,14 @@ private:
     std::vector<Row> rowsOf(Section section, std::size_t limit) const {
         std::vector<Row> rows;
         if (section == SECTION_TITLE) {
-            rows.push_back({oneLine(page.title, Markup::strip, page.textLimit), {}});
+            rows.push_back({oneLine(page.title, Markup::strip, limit), {}});
         } else if (section == SECTION_LINKS) {
             for (const Link& link : page.links) {
                 rows.push_back({labelOf(link.text, page, limit), urlLine(link.href, link.url)});
             }
         } else if (section == SECTION_IMAGES) {
             for (const Image& image : page.images) {
-                rows.push_back({urlLine(image.src, image.url), altOf(image)});
+                rows.push_back({urlLine(image.src, image.url), altOf(image, limit)});
             }
         } else if (section == SECTION_TEXT) {
             rows = wrapped(oneLine(page.text, Markup::keep));
@@ -173,7 +176,7 @@ std::string labelOf(Slice slice, const Page& page, std::size_t limit) {
     if (image == page.images.end() || image->src.data() >= slice.data() + slice.size()) {
         return label;
     }
-    return '[' + (image->alt.empty() ? oneLine(image->src, Markup::keep, limit) : altOf(*image)) + ']';
+    return '[' + (image->alt.empty() ? oneLine(image->src, Markup::keep, limit) : altOf(*image, limit)) + ']';
 }
 
 std::string printForPeople(const Page& page, const Options& options) {
