@@ -11,18 +11,15 @@
 #ifndef PAGESLICE_PAGE_H
 #define PAGESLICE_PAGE_H
 
+#include <climits>
 #include <cstddef>
 #include <iterator>
-#include <limits>
 #include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#if __has_include(<version>)
-#include <version>
-#endif
 #if defined(__cpp_lib_ranges)
 #include <ranges>
 #endif
@@ -304,8 +301,7 @@ public:
         if (m_page == nullptr) {
             return {};
         }
-        constexpr std::size_t largest = std::numeric_limits<int>::max();
-        const std::size_t room = m_size <= largest ? m_size : 0; // none where the call refuses anyway
+        const std::size_t room = m_size <= INT_MAX ? m_size : 0; // none where the call refuses anyway
         return detail::string_of(room, [this](char* buffer, std::size_t n, std::size_t* length) {
             return pageslice_get_plain_text(m_page.get(), buffer, n, length);
         });
