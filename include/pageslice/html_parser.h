@@ -67,7 +67,7 @@ public:
 };
 
 // What the pass saw of the page's image tags, so that the lists need not look for them once more. Internal:
-// hosts can neither make nor read one.
+// hosts can make none, and what it holds is of no use to them.
 struct ImageTrail {
     text tPage;                    // the page that it is about; empty while it is about none
     std::vector<ImageMark> vMarks; // from the first image tag on

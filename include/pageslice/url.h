@@ -62,12 +62,8 @@ public:
     static void NormalizeUrl(char* pUrl) noexcept;
     // `pUrl` made absolute against `pBase`, in canonical form: a new string, released with delete[]. A
     // root-relative URL against a base without '/' behind its host is joined with one '/'; against a base
-    // that is all path (nFindPathStart gives 0) it stands alone. Throws std::bad_alloc.
-    //
-    // This is older and plainer than what browsers do (RFC 3986). `//host/x` is taken for a path of the
-    // base's host; `?query`, `#fragment` and "" replace the last segment of the base's path; a base without
-    // a path gives its host up to a relative URL; a '/' in the base's query counts as one of its path; a URL
-    // with "://" anywhere is absolute already; a '..' at the very end stays.
+    // that is all path (nFindPathStart gives 0) it stands alone. Throws std::bad_alloc. How this differs from
+    // what browsers do is listed at pageslice_resolve_url.
     static char* pResolveUrl(const char* pBase, const char* pUrl);
     // pResolveUrl of the url's own characters; null for an empty url.
     char* pMakeAbsoluteCopy(const char* pBase) const;

@@ -12,10 +12,11 @@
 
 namespace pageslice {
 
-// Calls next() until it gives an empty optional, work(job) on what it gave, emit(result) on what came of
-// it. Only work runs on several threads at once; next and emit are each called by one at a time and in the
-// order of the jobs. A thread holds one job until its result is out, so that no more than `threads` of
-// them are in memory. None of the three may throw. Where the system gives fewer threads, those do the work.
+// Calls next() until it gives an empty optional or a null pointer, work(job) on what it gave, emit(result) on
+// what came of it. Only work runs on several threads at once; next and emit are each called by one at a time
+// and in the order of the jobs. A thread holds one job until its result is out, so that no more than
+// `threads` of them are in memory. None of the three may throw. Where the system gives fewer threads, those
+// do the work.
 template <class Next, class Work, class Emit>
 void inOrder(std::size_t threads, Next next, Work work, Emit emit) {
     std::mutex input;

@@ -8,13 +8,13 @@
 #include "output/plain_text.h"
 #include "pageslice/html_parser.h"
 #include "parser/image_walk.h"
+#include "text/byte_count.h"
 
 namespace pageslice {
 namespace {
 
 Slice sliceOf(const text& t) {
-    const bool hasCharacters = t.IsEmpty() == 0 && t.m_pStart <= t.m_pEnd;
-    return Slice(t.m_pStart, hasCharacters ? static_cast<std::size_t>(t.m_pEnd - t.m_pStart) + 1 : 0);
+    return Slice(t.m_pStart, nByteCount(t));
 }
 
 text textOf(std::string_view bytes) {
