@@ -1,17 +1,16 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_HTML_PARSER_H
 #define PAGESLICE_HTML_PARSER_H
 
-#include <vector>
-
 #include "pageslice/export.h"
-#include "pageslice/records.h"
+#include "pageslice/page_index.h"
 #include "pageslice/text.h"
 #include "pageslice/url.h"
 #include "pageslice/url_list.h"
-#include "pageslice/url_map.h"
+
+inline namespace pageslice_v1 {
 
 class tag_img;
-struct ImageMark;
 
 // Tag codes. A closing tag has the code of its word plus TAG_END_OFFSET.
 enum : int {
@@ -66,19 +65,7 @@ public:
     int bLanguageOf(const text& tPage, int* pLanguage) const noexcept;
 };
 
-// What the pass saw of the page's image tags, so that the lists need not look for them once more. Internal:
-// hosts can make none, and what it holds is of no use to them.
-struct ImageTrail {
-    text tPage;                    // the page that it is about; empty while it is about none
-    std::vector<ImageMark> vMarks; // from the first image tag on
-    // Where the pass first did not go on as a search for image tags does, if that was before the first mark;
-    // no image tag stands before it. Else null.
-    const char* pBreak = nullptr;
-
-    void Clear() noexcept;
-};
-
-// One HTML page that lies in the host's memory, and the index of it.
+// One HTML page that lies in the host's memory, and the index of it, which derived classes see.
 //
 //   HtmlParser parser(text(pFirst, pLast, 0), "http://host/page.html");
 //   UrlList* pImages;
@@ -97,7 +84,7 @@ struct ImageTrail {
 // Memory: where it runs out, std::bad_alloc is thrown unless said otherwise; nothing leaks, and the parser
 // can still be read, loaded again and destroyed.
 // Threads: one parser is used by one thread at a time; distinct parsers share nothing.
-class PAGESLICE_API HtmlParser {
+class PAGESLICE_API HtmlParser : protected pageslice::PageIndex {
 public:
     // No page, no URL.
     HtmlParser();
@@ -149,7 +136,7 @@ public:
 protected:
     // The tag scanner. Positions lie inside the page.
 
-    // The name of the next tag at or after `p`: from behind the '<' and the spaces that follow it to the
+    // The name of the next tag at or after `p`: from after the '<' and the spaces that follow it to the
     // character before the next space or '>'. Empty when the page ends first; of length 0 when the '>'
     // follows at once.
     text tFindNextTagName(const char* p) const noexcept;
@@ -162,26 +149,19 @@ protected:
     int bFindNextTagType(const char* p, int nWanted, int nStop) const noexcept;
 
     text m_tPage;
-    tag_tr m_tagTr;       // the row open where the pass stands
-    tag_td m_tagTd;       // the cell open there
-    tag_table m_tagTable; // the table open there
-    text m_tTitle;
-    std::vector<text> m_vCellTexts; // in page order
-    std::vector<text> m_vListItems; // in page order
-    UrlMap m_urlMap;
-    char* m_pUrl; // own copy, or null
+    char* m_pUrl = nullptr; // own copy, or null
     LanguageDetector m_language;
-    int m_bInitialized;      // 1 once the pass has started on this page
-    ImageTrail m_imageTrail; // not copied with the parser
 
 private:
-    // The lists one by one; GetUrlLists takes these steps together, with one walk for the images.
-    int nFindLengthOfImageUrls() const;
-    void FillImageUrls(UrlList* pList) const;
+    // The steps of GetUrlLists. FillImageUrls follows nFindLengthOfImageUrls and adds what that one found.
+    int nFindLengthOfImageUrls();
+    void FillImageUrls(UrlList* pList) noexcept;
     int nFindLengthOfLinkUrls() const noexcept;
     void FillLinkUrls(UrlList* pList) const noexcept;
     const char* bGetNextImageTag(const char* p, tag_img& record) const noexcept;
     int bIsImageInPage(url& source) const noexcept;
 };
+
+} // namespace pageslice_v1
 
 #endif

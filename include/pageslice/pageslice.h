@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything a host needs: slices, URL helpers, URL lists and the page parser.
 #ifndef PAGESLICE_PAGESLICE_H
 #define PAGESLICE_PAGESLICE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the parser reads from one tag: plain values whose slices point into the page. Copying a record
 // copies its fields, destroying it releases nothing. A record is valid as long as the page's buffer.
 // The fields are for every host; the member functions are not exported, and reached by linking statically.
@@ -6,6 +7,8 @@
 
 #include "pageslice/text.h"
 #include "pageslice/url.h"
+
+inline namespace pageslice_v1 {
 
 // Attribute codes. No name yields 17, 18 or 19.
 enum : int {
@@ -48,8 +51,8 @@ public:
     // these delimiters as a slice of its own. Empty when the page ends before some character ends it.
     text tGetAttributeName(const char* p, const text& page) const noexcept;
 
-    // The value that follows a name; `p` is the position behind the name. Sets `value`, or clears it when
-    // there is none. Gives the position from which the next name scan starts: behind the closing quote
+    // The value that follows a name; `p` is the position after the name. Sets `value`, or clears it when
+    // there is none. Gives the position from which the next name scan starts: after the closing quote
     // (or the '>' met before it), or at the character that ended an unquoted value. Null, and a cleared
     // value, when the value ran to the end of the page.
     const char* pGetAttributeValue(const char* p, text& value, const text& page) const noexcept;
@@ -61,7 +64,7 @@ public:
 // Every record below offers the same operations:
 //   Clear        the record's own fields to "not given": empty slices, ALIGN_UNKNOWN, -1, flags 0;
 //                m_tTag stays.
-//   pParse       fills the record from the attributes behind the tag word, which ends just before `p`.
+//   pParse       fills the record from the attributes after the tag word, which ends just before `p`.
 //                Gives the position where the attribute scan stopped (the tag's '>' or the white space
 //                before it; one past the page where the page ended there), or null when a value ran to
 //                the end of the page. A later attribute of the same name replaces an earlier one; an
@@ -137,5 +140,7 @@ public:
     int m_nWidth;
     int m_nHeight;
 };
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,7 +1,15 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_TEXT_H
 #define PAGESLICE_TEXT_H
 
+#if defined(PAGESLICE_WITHOUT_CLASSES)
+#error                                                                                                       \
+    "This package's C++ classes are of another family of compilers: use pageslice/page.h or pageslice/pageslice_c.h"
+#endif
+
 #include "pageslice/export.h"
+
+inline namespace pageslice_v1 {
 
 class OutputText; // what prints write into; only the library makes one, so hosts print to the console
 
@@ -129,5 +137,7 @@ public:
     const char* m_pStart;
     const char* m_pEnd;
 };
+
+} // namespace pageslice_v1
 
 #endif

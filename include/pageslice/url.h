@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_URL_H
 #define PAGESLICE_URL_H
 
@@ -6,8 +7,7 @@
 #include "pageslice/export.h"
 #include "pageslice/text.h"
 
-// The string that host names are delivered in.
-using CString = std::string;
+inline namespace pageslice_v1 {
 
 // A URL as it stands in the page: a slice with nothing added, and the home of the URL routines.
 //
@@ -35,7 +35,7 @@ public:
     PAGESLICE_API static text tGetHostName(const text& tUrl) noexcept;
     // The server name that splitting the URL gives; empty when it has no scheme or no host. For an empty
     // slice `host` keeps what it held. Throws std::bad_alloc.
-    PAGESLICE_API static void tGetHostName(const text& tUrl, CString& host);
+    PAGESLICE_API static void tGetHostName(const text& tUrl, std::string& host);
     // The last dot-separated label of the server name, as a slice of the URL. Throws std::bad_alloc.
     PAGESLICE_API static text tGetDomainName(const text& tUrl);
 
@@ -85,5 +85,7 @@ public:
     int println(OutputText& out, int nMode) const;
     int println(int nMode) const;
 };
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,10 +1,16 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_URL_LIST_H
 #define PAGESLICE_URL_LIST_H
+
+#include <cstddef>
+#include <new>
 
 #include "pageslice/export.h"
 #include "pageslice/text.h"
 
-// URLs packed one behind the other, each with its NUL, in one buffer whose size never changes.
+inline namespace pageslice_v1 {
+
+// URLs packed one after the other, each with its NUL, in one buffer whose size never changes.
 //
 //      m_pBuffer                  m_pCursor         m_pLast
 //        |                          |                 |
@@ -44,8 +50,20 @@ public:
     // without a buffer.
     const char* pMoveFirst() noexcept;
 
-    // The entry at the cursor, which moves behind it; null at the end and for an empty entry.
+    // The entry at the cursor, which moves after it; null at the end and for an empty entry.
     const char* pGetNext() noexcept;
+
+    // A list is made and deleted in the library's own memory, so that either side can delete what the other
+    // made, also where the two do not share one C++ run-time library.
+    static void* operator new(std::size_t nSize);
+    static void* operator new(std::size_t nSize, const std::nothrow_t&) noexcept;
+    static void* operator new(std::size_t, void* pPlace) noexcept { return pPlace; }
+    static void operator delete(void* pList) noexcept;
+    static void operator delete(void* pList, const std::nothrow_t&) noexcept;
+    static void operator delete(void*, void*) noexcept {}
+
+    // The library's own way to add many; not exported.
+    class Filler;
 
 private:
     void Initialize(int nSize);
@@ -56,5 +74,7 @@ public:
     char* m_pLast;
     char* m_pCursor;
 };
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_URL_MAP_H
 #define PAGESLICE_URL_MAP_H
 
@@ -10,18 +11,20 @@
 #include "pageslice/records.h"
 #include "pageslice/text.h"
 
+inline namespace pageslice_v1 {
+
 // The page's anchors with their link texts: an ordered collection that keeps every entry, equal keys
 // included.
 //
 // It is a red-black tree whose descent asks one question at each node: do the two link URLs differ within
 // the length of the shorter one? If they do, go left, else right. That is no ordering of URLs. Links that
 // all differ iterate in reverse order of insertion; a link that equals another, begins it or continues it
-// may land behind that one.
+// may land after that one.
 //
 // The entries stand in one growing array and the tree's links, as indices, in a second one beside it, so
-// that a copy is a copy of two arrays and iterates like its source. Iterators are invalidated by Insert,
-// Clear and assignment. Insert costs O(log n) comparisons of URLs; a walk over all entries O(n).
-// Reserve, Insert and Clear are the library's own, and reached by linking statically.
+// that a copy is a copy of two arrays and iterates like its source. Iterators are invalidated by Insert
+// and assignment. Insert costs O(log n) comparisons of URLs; a walk over all entries O(n).
+// Reserve and Insert are the library's own, and reached by linking statically.
 class UrlMap {
 public:
     using value_type = std::pair<tag_a, text>; // the anchor, its link text
@@ -66,10 +69,16 @@ public:
     const_iterator end() const noexcept { return const_iterator(*this, NO_NODE); }
     std::size_t size() const noexcept { return m_entries.size(); }
     bool empty() const noexcept { return m_entries.empty(); }
+    // The entries in the order of their insertion, which is the page's; nEntry < size().
+    const value_type& Inserted(std::size_t nEntry) const noexcept { return m_entries[nEntry]; }
     // Whether a link URL holds a NUL.
     bool bHasNuls() const noexcept { return m_bHasNuls; }
     // Bytes of all link URLs together.
     std::size_t nLinkBytes() const noexcept { return m_nLinkBytes; }
+
+    // For how many entries there is room, and what one takes.
+    std::size_t nCapacity() const noexcept { return m_nodes.capacity(); }
+    static constexpr std::size_t nEntryBytes() noexcept { return sizeof(value_type) + sizeof(Node); }
 
     // Makes room for as many entries in all, so that arrays need not grow on the way there. Throws
     // std::bad_alloc.
@@ -77,7 +86,6 @@ public:
     // Adds an entry; the anchor's link URL holds at least one character. Throws std::bad_alloc, and then the
     // map is as it was.
     void Insert(const tag_a& anchor, const text& tLinkText);
-    void Clear() noexcept;
 
 private:
     friend class UrlMapBuilder;
@@ -107,5 +115,7 @@ private:
     bool m_bHasNuls = false;
     std::size_t m_nLinkBytes = 0;
 };
+
+} // namespace pageslice_v1
 
 #endif

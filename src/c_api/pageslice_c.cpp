@@ -1,159 +1,52 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/pageslice_c.h"
 
-#include <climits>
-#include <cstring>
 #include <memory>
-#include <new>
-#include <string>
-#include <vector>
+#include <string_view>
 
-#include "output/output_text.h"
-#include "output/plain_text.h"
-#include "pageslice/html_parser.h"
-#include "parser/image_walk.h"
-#include "text/byte_count.h"
+#include "c_api/page_handle.h"
+#include "c_api/results.h"
+#include "standard/encoding.h"
+#include "text/character_references.h"
 
-static_assert(PAGESLICE_ALIGN_UNKNOWN == ALIGN_UNKNOWN && PAGESLICE_ALIGN_TOP == ALIGN_TOP &&
-                  PAGESLICE_ALIGN_MIDDLE == ALIGN_MIDDLE && PAGESLICE_ALIGN_BOTTOM == ALIGN_BOTTOM &&
-                  PAGESLICE_ALIGN_LEFT == ALIGN_LEFT && PAGESLICE_ALIGN_RIGHT == ALIGN_RIGHT &&
-                  PAGESLICE_ALIGN_CENTER == ALIGN_CENTER,
-              "both interfaces give an alignment the same number");
+static_assert(PAGESLICE_DECODE_TEXT == static_cast<int>(pageslice::value_kind::text) &&
+                  PAGESLICE_DECODE_ATTRIBUTE == static_cast<int>(pageslice::value_kind::attribute) &&
+                  PAGESLICE_DECODE_RCDATA == static_cast<int>(pageslice::value_kind::rcdata) &&
+                  PAGESLICE_DECODE_RAW == static_cast<int>(pageslice::value_kind::raw) &&
+                  PAGESLICE_DECODE_CDATA == static_cast<int>(pageslice::value_kind::cdata),
+              "a code and a kind are the same number");
 
 namespace pageslice {
 namespace {
 
-// The codes say all there is to say: nothing here throws anything but what a lack of memory throws.
-template <class Call>
-int guarded(Call call) noexcept {
-    try {
-        return call();
-    } catch (...) {
-        return PAGESLICE_NO_MEMORY;
-    }
+bool is_decoding(int kind) noexcept {
+    return kind >= PAGESLICE_DECODE_TEXT && kind <= PAGESLICE_DECODE_CDATA;
 }
 
-text page_text(const char* html, std::size_t size) {
-    return size == 0 ? text() : text(html, html + (size - 1), 0);
+bool are_valid(const pageslice_options& options) noexcept {
+    return (options.rules == PAGESLICE_CLASSIC || options.rules == PAGESLICE_STANDARD) &&
+           is_range(options.url, options.url_size) && is_range(options.encoding, options.encoding_size);
 }
 
-pageslice_slice slice_of(const text& t) noexcept {
-    const std::size_t size = nByteCount(t);
-    return {size == 0 ? nullptr : t.m_pStart, size};
+using Count = std::size_t (pageslice_page::*)() const noexcept;
+
+std::size_t count(const pageslice_page* page, Count how_many) noexcept {
+    return page == nullptr ? 0 : (page->*how_many)();
 }
 
-pageslice_slice slice_of(const pageslice_image* image) noexcept {
-    return image->src;
-}
-
-pageslice_slice slice_of(const UrlMap::value_type* entry) noexcept {
-    return slice_of(entry->first.m_urlHref);
-}
-
-pageslice_link link_of(const UrlMap::value_type& entry) noexcept {
-    const tag_a& anchor = entry.first;
-    return {slice_of(anchor.m_urlHref), slice_of(entry.second),  slice_of(anchor.m_tName),
-            slice_of(anchor.m_tRel),    slice_of(anchor.m_tRev), slice_of(anchor.m_tTitle)};
-}
-
-pageslice_image image_of(const tag_img& image) noexcept {
-    return {slice_of(image.m_urlSrc),
-            slice_of(image.m_urlLowSrc),
-            slice_of(image.m_altText),
-            slice_of(image.m_urlUseMap),
-            image.m_nWidth,
-            image.m_nHeight,
-            image.m_nBorder,
-            image.m_nHSpace,
-            image.m_nVSpace,
-            image.m_align,
-            image.m_bIsMap};
-}
-
-int copy_out(const char* result, std::size_t size, char* buffer, std::size_t capacity,
-             std::size_t* length) noexcept {
-    *length = size;
-    if (buffer == nullptr || capacity <= size) {
-        return PAGESLICE_TOO_SMALL;
-    }
-    std::memcpy(buffer, result, size);
-    buffer[size] = '\0';
-    return PAGESLICE_OK;
-}
-
-// `room` holds the page's size and one byte more.
-std::size_t convert(const text& page, char* room) noexcept {
-    OutputText out;
-    out.SetBufferUnfilled(room, room + nByteCount(page));
-    WritePlainText(page, out);
-    *out.m_pCurrent = '\0';
-    return static_cast<std::size_t>(out.m_pCurrent - room);
-}
-
-bool lacks_bytes(const char* p, std::size_t size) noexcept {
-    return p == nullptr && size != 0;
-}
-
-} // namespace
-} // namespace pageslice
-
-// Opens the parser's index and adds what makes each element reachable by its number.
-struct pageslice_page : HtmlParser {
-    pageslice_page(const text& page, const char* own_url) {
-        Load(page, own_url, 1);
-        links.reserve(m_urlMap.size());
-        for (const UrlMap::value_type& entry : m_urlMap) {
-            links.push_back(&entry);
-        }
-        tag_img image;
-        for (ImageWalk walk(m_tPage, m_imageTrail); walk.pNext(image) != nullptr;) {
-            images.push_back(pageslice::image_of(image));
-        }
-        for (const pageslice_image& image_found : images) {
-            if (image_found.src.data != nullptr) {
-                images_with_url.push_back(&image_found);
-            }
-        }
-    }
-    // The vectors of pointers point into this very object.
-    pageslice_page(const pageslice_page&) = delete;
-    pageslice_page& operator=(const pageslice_page&) = delete;
-    ~pageslice_page() = default;
-
-    using HtmlParser::m_pUrl;
-    using HtmlParser::m_tPage;
-    using HtmlParser::m_tTitle;
-    using HtmlParser::m_vCellTexts;
-    using HtmlParser::m_vListItems;
-    std::vector<const UrlMap::value_type*> links;
-    std::vector<pageslice_image> images;
-    std::vector<const pageslice_image*> images_with_url;
-};
-
-namespace pageslice {
-namespace {
-
-template <class Collection>
-std::size_t count(const pageslice_page* page, Collection collection) noexcept {
-    return page == nullptr ? 0 : (page->*collection).size();
-}
-
-template <class Collection, class Result, class Convert>
-int get(const pageslice_page* page, Collection collection, std::size_t index, Result* result,
-        Convert convert) noexcept {
+// One element of a collection, into a structure of the host.
+template <class Element>
+int get(const pageslice_page* page, Count how_many,
+        Element (pageslice_page::*element)(std::size_t) const noexcept, std::size_t index, void* result,
+        std::size_t result_size) noexcept {
     if (page == nullptr || result == nullptr) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    if (index >= (page->*collection).size()) {
+    if (index >= (page->*how_many)()) {
         return PAGESLICE_NOT_FOUND;
     }
-    *result = convert((page->*collection)[index]);
+    give((page->*element)(index), result, result_size);
     return PAGESLICE_OK;
-}
-
-template <class Collection>
-int get_slice(const pageslice_page* page, Collection collection, std::size_t index,
-              pageslice_slice* slice) noexcept {
-    return get(page, collection, index, slice, [](const auto& element) { return slice_of(element); });
 }
 
 int found(pageslice_slice slice, pageslice_slice* result) noexcept {
@@ -164,6 +57,11 @@ int found(pageslice_slice slice, pageslice_slice* result) noexcept {
     return PAGESLICE_OK;
 }
 
+int put_plain_text(const pageslice_page& page, std::string_view slice, const output& out) noexcept {
+    return produce(page.plain_text_bound(slice.size()), out,
+                   [&](char* room) { return page.write_plain_text(slice, room); });
+}
+
 } // namespace
 } // namespace pageslice
 
@@ -171,20 +69,32 @@ int pageslice_version(void) noexcept {
     return PAGESLICE_VERSION;
 }
 
+const char* pageslice_version_string(void) noexcept {
+    return PAGESLICE_VERSION_STRING;
+}
+
 int pageslice_open(const char* html, size_t html_size, const char* url, size_t url_size,
                    pageslice_page** page) noexcept {
+    pageslice_options options = {};
+    options.url = url;
+    options.url_size = url_size;
+    return pageslice_open_with(html, html_size, &options, sizeof options, page);
+}
+
+int pageslice_open_with(const char* html, size_t html_size, const pageslice_options* options,
+                        size_t options_size, pageslice_page** page) noexcept {
     if (page == nullptr) {
         return PAGESLICE_BAD_ARGUMENT;
     }
     *page = nullptr;
-    if (pageslice::lacks_bytes(html, html_size) || pageslice::lacks_bytes(url, url_size)) {
+    pageslice_options all = {};
+    if (!pageslice::is_range(html, html_size) ||
+        (options != nullptr && !pageslice::take(options, options_size, all)) || !pageslice::are_valid(all)) {
         return PAGESLICE_BAD_ARGUMENT;
     }
     return pageslice::guarded([&] {
-        const std::string own_url(url == nullptr ? "" : url, url_size);
-        *page = std::make_unique<pageslice_page>(pageslice::page_text(html, html_size),
-                                                 url == nullptr ? nullptr : own_url.c_str())
-                    .release();
+        const auto open = all.rules == PAGESLICE_CLASSIC ? pageslice::open_classic : pageslice::open_standard;
+        *page = open(pageslice::view(html, html_size), all).release();
         return PAGESLICE_OK;
     });
 }
@@ -197,111 +107,152 @@ int pageslice_get_url(const pageslice_page* page, pageslice_slice* url) noexcept
     if (page == nullptr || url == nullptr) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    const char* const p = page->m_pUrl;
-    return pageslice::found({p, p == nullptr ? 0 : std::strlen(p)}, url);
+    return page->has_url ? pageslice::found({page->url.data(), page->url.size()}, url) : PAGESLICE_NOT_FOUND;
 }
 
 int pageslice_get_title(const pageslice_page* page, pageslice_slice* title) noexcept {
     if (page == nullptr || title == nullptr) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    return pageslice::found(pageslice::slice_of(page->m_tTitle), title);
+    return pageslice::found(page->title(), title);
+}
+
+int pageslice_get_read_to(const pageslice_page* page, size_t* bytes) noexcept {
+    if (page == nullptr || bytes == nullptr) {
+        return PAGESLICE_BAD_ARGUMENT;
+    }
+    *bytes = page->read_to();
+    return PAGESLICE_OK;
+}
+
+int pageslice_get_base(const pageslice_page* page, pageslice_slice* base) noexcept {
+    if (page == nullptr || base == nullptr) {
+        return PAGESLICE_BAD_ARGUMENT;
+    }
+    return pageslice::found(page->base(), base);
+}
+
+int pageslice_get_encoding(const pageslice_page* page, pageslice_slice* name) noexcept {
+    if (page == nullptr || name == nullptr) {
+        return PAGESLICE_BAD_ARGUMENT;
+    }
+    *name = pageslice::slice_of(pageslice::standard::sniff_encoding(page->html, page->encoding_told));
+    return PAGESLICE_OK;
 }
 
 size_t pageslice_count_links(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::links);
+    return pageslice::count(page, &pageslice_page::count_links);
 }
 
 size_t pageslice_count_images(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::images);
+    return pageslice::count(page, &pageslice_page::count_images);
 }
 
 size_t pageslice_count_cells(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::m_vCellTexts);
+    return pageslice::count(page, &pageslice_page::count_cells);
 }
 
 size_t pageslice_count_items(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::m_vListItems);
+    return pageslice::count(page, &pageslice_page::count_items);
 }
 
 size_t pageslice_count_link_urls(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::links);
+    return pageslice::count(page, &pageslice_page::count_links);
 }
 
 size_t pageslice_count_image_urls(const pageslice_page* page) noexcept {
-    return pageslice::count(page, &pageslice_page::images_with_url);
+    return pageslice::count(page, &pageslice_page::count_image_urls);
 }
 
-int pageslice_get_link(const pageslice_page* page, size_t index, pageslice_link* link) noexcept {
-    return pageslice::get(page, &pageslice_page::links, index, link,
-                          [](const UrlMap::value_type* entry) { return pageslice::link_of(*entry); });
+int pageslice_get_link(const pageslice_page* page, size_t index, pageslice_link* link,
+                       size_t link_size) noexcept {
+    return pageslice::get(page, &pageslice_page::count_links, &pageslice_page::link, index, link, link_size);
 }
 
-int pageslice_get_image(const pageslice_page* page, size_t index, pageslice_image* image) noexcept {
-    return pageslice::get(page, &pageslice_page::images, index, image,
-                          [](const pageslice_image& element) { return element; });
+int pageslice_get_link_in_page_order(const pageslice_page* page, size_t index, pageslice_link* link,
+                                     size_t link_size) noexcept {
+    return pageslice::get(page, &pageslice_page::count_links, &pageslice_page::link_in_page_order, index,
+                          link, link_size);
 }
 
-int pageslice_get_cell(const pageslice_page* page, size_t index, pageslice_slice* cell) noexcept {
-    return pageslice::get_slice(page, &pageslice_page::m_vCellTexts, index, cell);
+int pageslice_get_image(const pageslice_page* page, size_t index, pageslice_image* image,
+                        size_t image_size) noexcept {
+    return pageslice::get(page, &pageslice_page::count_images, &pageslice_page::image, index, image,
+                          image_size);
 }
 
-int pageslice_get_item(const pageslice_page* page, size_t index, pageslice_slice* item) noexcept {
-    return pageslice::get_slice(page, &pageslice_page::m_vListItems, index, item);
+int pageslice_get_cell(const pageslice_page* page, size_t index, pageslice_cell* cell,
+                       size_t cell_size) noexcept {
+    return pageslice::get(page, &pageslice_page::count_cells, &pageslice_page::cell, index, cell, cell_size);
+}
+
+int pageslice_get_item(const pageslice_page* page, size_t index, pageslice_item* item,
+                       size_t item_size) noexcept {
+    return pageslice::get(page, &pageslice_page::count_items, &pageslice_page::item, index, item, item_size);
 }
 
 int pageslice_get_link_url(const pageslice_page* page, size_t index, pageslice_slice* url) noexcept {
-    return pageslice::get_slice(page, &pageslice_page::links, index, url);
+    return pageslice::get(page, &pageslice_page::count_links, &pageslice_page::link_url, index, url,
+                          sizeof *url);
 }
 
 int pageslice_get_image_url(const pageslice_page* page, size_t index, pageslice_slice* url) noexcept {
-    return pageslice::get_slice(page, &pageslice_page::images_with_url, index, url);
+    return pageslice::get(page, &pageslice_page::count_image_urls, &pageslice_page::image_url, index, url,
+                          sizeof *url);
+}
+
+size_t pageslice_plain_text_bound(const pageslice_page* page, size_t size) noexcept {
+    const std::size_t bound = page == nullptr ? 0 : page->plain_text_bound(size);
+    return bound == pageslice::NO_BOUND ? 0 : bound;
 }
 
 int pageslice_get_plain_text(const pageslice_page* page, char* buffer, size_t capacity,
                              size_t* length) noexcept {
-    if (page == nullptr || length == nullptr) {
+    const pageslice::output out{buffer, capacity, length};
+    if (page == nullptr || !out.is_usable()) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    const std::size_t page_size = nByteCount(page->m_tPage);
-    if (page_size > INT_MAX) {
-        return PAGESLICE_TOO_LARGE;
-    }
-    if (buffer != nullptr && capacity > page_size) {
-        *length = pageslice::convert(page->m_tPage, buffer);
-        return PAGESLICE_OK;
-    }
-    // Whether a smaller buffer will do shows only when all is converted.
-    const std::unique_ptr<char[]> room(new (std::nothrow) char[page_size + 1]);
-    if (room == nullptr) {
-        return PAGESLICE_NO_MEMORY;
-    }
-    const std::size_t size = pageslice::convert(page->m_tPage, room.get());
-    return pageslice::copy_out(room.get(), size, buffer, capacity, length);
+    return pageslice::put_plain_text(*page, page->html, out);
 }
 
-int pageslice_resolve_url(const char* base, size_t base_size, const char* url, size_t url_size, char* buffer,
-                          size_t capacity, size_t* length) noexcept {
-    if (pageslice::lacks_bytes(base, base_size) || pageslice::lacks_bytes(url, url_size) ||
-        length == nullptr) {
+int pageslice_get_plain_text_of(const pageslice_page* page, const char* slice, size_t slice_size,
+                                char* buffer, size_t capacity, size_t* length) noexcept {
+    const pageslice::output out{buffer, capacity, length};
+    if (page == nullptr || !pageslice::is_range(slice, slice_size) || !out.is_usable()) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    return pageslice::guarded([&] {
-        const std::string base_copy(base == nullptr ? "" : base, base_size);
-        const std::string url_copy(url == nullptr ? "" : url, url_size);
-        const std::unique_ptr<char[]> result(url::pResolveUrl(base_copy.c_str(), url_copy.c_str()));
-        return pageslice::copy_out(result.get(), std::strlen(result.get()), buffer, capacity, length);
-    });
+    return pageslice::put_plain_text(*page, pageslice::view(slice, slice_size), out);
 }
 
-int pageslice_normalize_url(const char* url, size_t url_size, char* buffer, size_t capacity,
-                            size_t* length) noexcept {
-    if (pageslice::lacks_bytes(url, url_size) || length == nullptr) {
+int pageslice_absolute(const pageslice_page* page, const char* url, size_t url_size, char* buffer,
+                       size_t capacity, size_t* length) noexcept {
+    const pageslice::output out{buffer, capacity, length};
+    if (page == nullptr || !pageslice::is_range(url, url_size) || !out.is_usable()) {
         return PAGESLICE_BAD_ARGUMENT;
     }
-    return pageslice::guarded([&] {
-        std::string result(url == nullptr ? "" : url, url_size);
-        url::NormalizeUrl(result.data());
-        return pageslice::copy_out(result.data(), std::strlen(result.data()), buffer, capacity, length);
-    });
+    return pageslice::guarded([&] { return page->absolute(pageslice::view(url, url_size), out); });
+}
+
+int pageslice_decode(const char* text, size_t text_size, int kind, char* buffer, size_t capacity,
+                     size_t* length) noexcept {
+    const pageslice::output out{buffer, capacity, length};
+    if (!pageslice::is_decoding(kind) || !pageslice::is_range(text, text_size) || !out.is_usable()) {
+        return PAGESLICE_BAD_ARGUMENT;
+    }
+    const std::string_view in = pageslice::view(text, text_size);
+    const auto value = static_cast<pageslice::value_kind>(kind);
+    return pageslice::produce(pageslice::decoded_bound(in, value), out,
+                              [&](char* room) { return pageslice::decode_references(in, value, room); });
+}
+
+size_t pageslice_decoded_bound(const char* text, size_t text_size, int kind) noexcept {
+    if (!pageslice::is_decoding(kind) || !pageslice::is_range(text, text_size)) {
+        return 0;
+    }
+    return pageslice::decoded_bound(pageslice::view(text, text_size),
+                                    static_cast<pageslice::value_kind>(kind));
+}
+
+void pageslice_release_string(char* string) noexcept {
+    delete[] string;
 }

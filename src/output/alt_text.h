@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_OUTPUT_ALT_TEXT_H
 #define PAGESLICE_OUTPUT_ALT_TEXT_H
 
 #include "pageslice/text.h"
+
+inline namespace pageslice_v1 {
 
 // The alternative text of an image. It differs from its base in print alone: the brackets and line ends
 // that such texts carry around them are trimmed after printing into a buffer. The trim works on the
@@ -16,5 +19,7 @@ public:
 
     int print(OutputText& out, int bNewLine) const override;
 };
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/output_text.h"
 
 #include <algorithm>
@@ -6,6 +7,8 @@
 #include <cstring>
 
 #include "pageslice/text.h"
+
+inline namespace pageslice_v1 {
 
 OutputText::OutputText() noexcept : OutputText(nullptr, nullptr) {}
 
@@ -159,3 +162,5 @@ char* OutputText::pFindLastAtOrBefore(char* p) const noexcept {
     }
     return p;
 }
+
+} // namespace pageslice_v1

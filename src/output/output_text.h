@@ -1,5 +1,8 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_OUTPUT_OUTPUT_TEXT_H
 #define PAGESLICE_OUTPUT_OUTPUT_TEXT_H
+
+inline namespace pageslice_v1 {
 
 // The sink that slices are printed into: a buffer of the caller's, or the console.
 //
@@ -23,8 +26,7 @@ public:
 
     // Starts with an empty, zero-filled buffer; null for both ends means the console.
     void SetBuffer(char* pStart, char* pEnd) noexcept;
-    // The same for a buffer that the caller fills with zeros himself where it is not written: for
-    // conversions that write most of it anyway.
+    // The same for a buffer that is going to be zero-filled by what writes it: see WritePlainText.
     void SetBufferUnfilled(char* pStart, char* pEnd) noexcept;
     // Sets every byte of the buffer; the cursor does not move.
     void Fill(char c) noexcept;
@@ -51,7 +53,7 @@ public:
 
     // The last byte of the buffer that is not NUL, or null.
     char* pFindLast() const noexcept;
-    // Puts the cursor behind the last byte that is not NUL.
+    // Puts the cursor after the last byte that is not NUL.
     void SyncCursor() noexcept;
     // Removes the last byte that is not NUL; 0 when there is none.
     int bDropLast() noexcept;
@@ -67,5 +69,7 @@ private:
     bool bIsFull() const noexcept;
     char* pFindLastAtOrBefore(char* p) const noexcept;
 };
+
+} // namespace pageslice_v1
 
 #endif

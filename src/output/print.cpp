@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: MIT
 // How slices print themselves. The slice itself knows the sink by name only.
 #include "output/alt_text.h"
 #include "output/output_text.h"
 #include "pageslice/text.h"
+
+inline namespace pageslice_v1 {
 
 int text::print(OutputText& out, int bNewLine) const {
     if (m_pStart > m_pEnd) {
@@ -40,3 +43,5 @@ int alt_text::print(OutputText& out, int bNewLine) const {
     out.bTrimBrackets();
     return out.GetLength();
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/html_parser.h"
 
 #include <climits>
@@ -5,13 +6,15 @@
 #include <cstring>
 #include <memory>
 #include <new>
-#include <utility>
 
 #include "output/output_text.h"
 #include "output/plain_text.h"
-#include "parser/image_walk.h"
-#include "scan/primitives.h"
+#include "parser/image_trail.h"
 #include "text/byte_count.h"
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 namespace {
 
@@ -25,41 +28,24 @@ char* pCopyUrl(const char* pUrl) {
 
 } // namespace
 
-HtmlParser::HtmlParser() : m_pUrl(nullptr), m_bInitialized(0) {}
+HtmlParser::HtmlParser() = default;
 
-HtmlParser::HtmlParser(const text& tPage, const char* pUrl) : HtmlParser() {
-    Load(tPage, pUrl, 0);
-}
+HtmlParser::HtmlParser(const text& tPage, const char* pUrl) : m_tPage(tPage), m_pUrl(pCopyUrl(pUrl)) {}
 
 HtmlParser::HtmlParser(const HtmlParser& other)
-    : m_tPage(other.m_tPage), m_tagTr(other.m_tagTr), m_tagTd(other.m_tagTd), m_tagTable(other.m_tagTable),
-      m_tTitle(other.m_tTitle), m_vCellTexts(other.m_vCellTexts), m_vListItems(other.m_vListItems),
-      m_urlMap(other.m_urlMap), m_pUrl(pCopyUrl(other.m_pUrl)), m_language(other.m_language),
-      m_bInitialized(other.m_bInitialized) {}
+    : PageIndex(other), m_tPage(other.m_tPage), m_pUrl(pCopyUrl(other.m_pUrl)), m_language(other.m_language) {
+}
 
 HtmlParser& HtmlParser::operator=(const HtmlParser& other) {
-    if (this == &other) {
-        return *this;
+    if (this != &other) {
+        // Whatever can fail happens first, so that a failure leaves this parser as it was.
+        std::unique_ptr<char[]> pUrl(pCopyUrl(other.m_pUrl));
+        static_cast<PageIndex&>(*this) = PageIndex(static_cast<const PageIndex&>(other));
+        m_tPage = other.m_tPage;
+        delete[] m_pUrl;
+        m_pUrl = pUrl.release();
+        m_language = other.m_language;
     }
-    // Whatever can fail happens first, so that a failure leaves this parser as it was.
-    std::vector<text> vCellTexts(other.m_vCellTexts);
-    std::vector<text> vListItems(other.m_vListItems);
-    UrlMap urlMap(other.m_urlMap);
-    std::unique_ptr<char[]> pUrl(pCopyUrl(other.m_pUrl));
-
-    m_tPage = other.m_tPage;
-    m_tagTr = other.m_tagTr;
-    m_tagTd = other.m_tagTd;
-    m_tagTable = other.m_tagTable;
-    m_tTitle = other.m_tTitle;
-    m_vCellTexts = std::move(vCellTexts);
-    m_vListItems = std::move(vListItems);
-    m_urlMap = std::move(urlMap);
-    delete[] m_pUrl;
-    m_pUrl = pUrl.release();
-    m_language = other.m_language;
-    m_bInitialized = other.m_bInitialized;
-    m_imageTrail.Clear();
     return *this;
 }
 
@@ -82,15 +68,7 @@ int HtmlParser::Load(const text& tPage, const char* pUrl, int bIndex) {
 }
 
 void HtmlParser::Clear() noexcept {
-    m_tagTr.Clear();
-    m_tagTd.Clear();
-    m_tagTable.Clear();
-    m_tTitle.Clear();
-    m_urlMap.Clear();
-    m_vCellTexts.clear();
-    m_vListItems.clear();
-    m_bInitialized = 0;
-    m_imageTrail.Clear();
+    static_cast<PageIndex&>(*this) = {};
 }
 
 int HtmlParser::bConvertHtmlToPlainText(char** ppText) {
@@ -110,10 +88,11 @@ int HtmlParser::bConvertHtmlToPlainText(char** ppText) {
     OutputText out;
     out.SetBufferUnfilled(pText, pText + n);
     WritePlainText(m_tPage, out);
-    Scan().Clear(out.m_pCurrent, out.m_pBufEnd + 1);
     return 1;
 }
 
 char* HtmlParser::pMakeTitleCopy() const {
     return m_tTitle.pMakeCopy();
 }
+
+} // namespace pageslice_v1

@@ -1,57 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "parser/indexing_pass.h"
+
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <vector>
 
 #include "pageslice/html_parser.h"
-#include "parser/image_walk.h"
+#include "parser/image_trail.h"
 #include "parser/tag_scanner.h"
+#include "parser/tag_table.h"
 #include "parser/url_map_builder.h"
 #include "scan/tag_bounds.h"
 #include "scan/tag_walk.h"
+#include "tags/parse_tag.h"
 #include "text/byte_count.h"
 
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
+
 namespace {
-
-constexpr int TAG_BEHIND_SPACES = 255; // may be any
-
-// The tags that the pass acts on.
-constexpr WantedTags WANTED_TAGS({
-    {"a ", TAG_A},
-    {"a>", TAG_A},
-    {"/a ", TAG_END_A},
-    {"/a>", TAG_END_A},
-    {"td ", TAG_TD},
-    {"td>", TAG_TD},
-    {"/td ", TAG_END_TD},
-    {"/td>", TAG_END_TD},
-    {"th ", TAG_TH},
-    {"th>", TAG_TH},
-    {"tr ", TAG_TR},
-    {"tr>", TAG_TR},
-    {"/tr ", TAG_END_TR},
-    {"/tr>", TAG_END_TR},
-    {"table ", TAG_TABLE},
-    {"table>", TAG_TABLE},
-    {"li ", TAG_LI},
-    {"li>", TAG_LI},
-    {"/table ", TAG_END_TABLE},
-    {"/table>", TAG_END_TABLE},
-    {"/li ", TAG_END_LI},
-    {"/li>", TAG_END_LI},
-    {"/ul ", TAG_END_UL},
-    {"/ul>", TAG_END_UL},
-    {"/ol ", TAG_END_OL},
-    {"/ol>", TAG_END_OL},
-    {"img ", TAG_IMG},
-    {"img>", TAG_IMG},
-    {"title ", TAG_TITLE},
-    {"title>", TAG_TITLE},
-    {"/title ", TAG_END_TITLE},
-    {"/title>", TAG_END_TITLE},
-    {"/html ", TAG_END_HTML},
-    {"/html>", TAG_END_HTML},
-    {" ", TAG_BEHIND_SPACES},
-});
 
 // Arrays start with the room that pages of this size usually fill, which is less than the page takes.
 constexpr std::size_t BYTES_PER_LINK = 384;
@@ -64,75 +33,71 @@ std::size_t nUsualCount(std::size_t nPage, std::size_t nBytesPerEntry) noexcept 
     return std::clamp(nPage / nBytesPerEntry, FEW, MANY);
 }
 
-// Where the pass leaves its results: members of the parser.
-struct Index {
-    tag_tr& tagTr;
-    tag_td& tagTd;
-    tag_table& tagTable;
-    text& tTitle;
-    std::vector<text>& vCellTexts;
-    std::vector<text>& vListItems;
-    UrlMap& urlMap;
-    ImageTrail& imageTrail;
-};
+// Any tag that has no rule is like a name that says nothing.
+int nKnownTag(int nCode) noexcept {
+    return static_cast<std::size_t>(nCode) < TAG_RULES.size() ? nCode : TAG_AFTER_SPACES;
+}
 
-// One walk over the page. A capture is a text whose start is set behind a start tag and whose end is found
-// before the tag that closes it; all captures carry the flag 0.
+// One walk over the page.
 class IndexingPass {
 public:
-    IndexingPass(const text& page, const Index& index) noexcept
-        : m_page(page), m_index(index), m_walk(page.m_pStart, page, WANTED_TAGS), m_links(index.urlMap) {}
+    IndexingPass(const text& page, PageIndex& index, const index_limits& limits,
+                 memory_budget& budget) noexcept
+        : m_page(page), m_index(index), m_trail(ImageTrailAccess::Of(index)), m_limits(limits),
+          m_budget(budget), m_walk(page.m_pStart, page, WANTED_TAGS), m_links(index.m_urlMap) {}
 
     void Run();
+    const char* pLastOpen() const noexcept { return m_walk.pOpen(); }
 
 private:
     bool bHandleTag(const TagAt& tag);
-    template <class Record>
-    const char* pParse(Record& record, const char* pAttributes);
-    static bool bBeginBehind(const char* pTagEnd, text& tCapture) noexcept;
-    text tCaptured(const text& tCapture) const noexcept;
+    const char* pEndAfter(const char* pStopped);
+    void LeaveStep(const char* pEnd);
+
+    bool bOpen(Captured which, const char* pTagEnd) noexcept;
+    void Close(Captured which);
+    void Drop(Captured which) noexcept { pStartOf(which) = nullptr; }
+    const char*& pStartOf(Captured which) noexcept { return m_pStarts[static_cast<std::size_t>(which)]; }
+    void Keep(Captured which, const text& t);
     bool bFillsAtMostHalfThePage(const text& t) const noexcept;
+    void KeepLink(const text& tLinkText);
 
     template <class Entry>
-    void Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) const;
+    void Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry);
+    void AppendText(const CapturedList& list, const text& t);
 
-    void MarkImage(const char* pName);
+    void MarkImage();
     void MarkParting();
-    const char* pBehindStep() noexcept;
-
-    void CloseTitle() noexcept;
-    void CloseAnchor();
-    void CloseCell();
-    void CloseListItem();
-    void DropCell() noexcept;
+    const char* pAfterStep() noexcept;
+    bool bEnoughMarks() const noexcept;
 
     const text& m_page;
-    Index m_index;
+    PageIndex& m_index;
+    ImageTrail& m_trail;
+    const index_limits& m_limits;
+    memory_budget& m_budget;
     TagWalk m_walk;
     UrlMapBuilder m_links;
-    const char* m_pOpen = nullptr; // the '<' of the tag at hand
-    bool m_bInTitle = false;
-    bool m_bInAnchor = false;
-    text m_tTitleText;
-    text m_tAnchorText;
-    text m_tCellText;
-    text m_tListItem; // an item is open exactly when this has a start
+    // Of the captured texts: null while one is not open.
+    std::array<const char*, static_cast<std::size_t>(Captured::COUNT)> m_pStarts{};
     tag_a m_tagAnchor;
     tag_td m_tagThScratch;
 };
 
 void IndexingPass::Run() {
-    TagAt tagBehindSpaces{nullptr, TAG_NONE};
+    const char* pSkipped = nullptr; // the '<' whose spaces were skipped last
+    TagAt tagAfterSpaces{nullptr, TAG_NONE};
     while (const char* const pOpen = m_walk.pNext()) {
         TagAt tag{pOpen + 1, m_walk.nCode()};
-        if (tag.nCode == TAG_BEHIND_SPACES) {
+        if (tag.nCode == TAG_AFTER_SPACES) {
             // A tag may be visited many times over; its spaces are skipped once.
-            if (pOpen != m_pOpen) {
-                tagBehindSpaces = GetTagAt(pOpen, m_page.m_pEnd + 1);
+            if (pOpen != pSkipped) {
+                pSkipped = pOpen;
+                tagAfterSpaces = GetTagAt(pOpen, m_page.m_pEnd + 1);
+                tagAfterSpaces.nCode = nKnownTag(tagAfterSpaces.nCode);
             }
-            tag = tagBehindSpaces;
+            tag = tagAfterSpaces;
         }
-        m_pOpen = pOpen;
         if (!bHandleTag(tag)) {
             MarkParting();
             return;
@@ -140,69 +105,86 @@ void IndexingPass::Run() {
     }
 }
 
-// What each tag does. False ends the pass.
+// False ends the pass.
 bool IndexingPass::bHandleTag(const TagAt& tag) {
-    switch (tag.nCode) {
-    case TAG_A: m_bInAnchor = true; return bBeginBehind(pParse(m_tagAnchor, tag.pName + 1), m_tAnchorText);
-    case TAG_IMG: MarkImage(tag.pName); return true;
-    case TAG_TABLE: return pParse(m_index.tagTable, tag.pName + 5) != nullptr;
-    case TAG_TD: return bBeginBehind(pParse(m_index.tagTd, tag.pName + 2), m_tCellText);
-    case TAG_TH: return pParse(m_tagThScratch, tag.pName + 2) != nullptr;
-    case TAG_TR: return pParse(m_index.tagTr, tag.pName + 2) != nullptr;
-    case TAG_LI:
-        if (m_tListItem.m_pStart == nullptr) {
-            return bBeginBehind(m_walk.pStepEnd(), m_tListItem);
+    const TagRule& rule = TAG_RULES[static_cast<std::size_t>(tag.nCode)];
+    const char* const pAttributes = tag.pName + rule.nNameLength;
+    const Captured captured = rule.action.captured;
+    switch (rule.action.act) {
+    case Act::NOTHING: return true;
+    case Act::OPEN: return bOpen(captured, m_walk.pStepEnd());
+    case Act::OPEN_OR_CLOSE:
+        if (pStartOf(captured) == nullptr) {
+            return bOpen(captured, m_walk.pStepEnd());
         }
-        CloseListItem(); // and the text behind this tag is not captured
+        Close(captured);
         return true;
-    case TAG_TITLE: m_bInTitle = true; return bBeginBehind(m_walk.pStepEnd(), m_tTitleText);
-    case TAG_END_TITLE: CloseTitle(); return true;
-    case TAG_END_A: CloseAnchor(); return true;
-    case TAG_END_TD: CloseCell(); return true;
-    case TAG_END_TR:
-        m_index.tagTr.Clear();
-        DropCell();
+    case Act::CLOSE: Close(captured); return true;
+    case Act::READ_ANCHOR:
+        return bOpen(Captured::LINK, pEndAfter(pParseTag(m_tagAnchor, m_walk.pOpen(), pAttributes, m_page)));
+    case Act::READ_CELL: return bOpen(Captured::CELL, pEndAfter(m_index.m_tagTd.pParse(pAttributes, m_page)));
+    case Act::READ_HEADER: return pEndAfter(m_tagThScratch.pParse(pAttributes, m_page)) != nullptr;
+    case Act::READ_ROW: return pEndAfter(m_index.m_tagTr.pParse(pAttributes, m_page)) != nullptr;
+    case Act::READ_TABLE: return pEndAfter(m_index.m_tagTable.pParse(pAttributes, m_page)) != nullptr;
+    case Act::CLOSE_CELL:
+        Close(Captured::CELL);
+        m_index.m_tagTd.Clear();
         return true;
-    case TAG_END_TABLE:
-        m_index.tagTr.Clear();
-        m_index.tagTable.Clear();
-        DropCell();
+    case Act::CLOSE_TABLE: m_index.m_tagTable.Clear(); [[fallthrough]];
+    case Act::CLOSE_ROW:
+        m_index.m_tagTr.Clear();
+        m_index.m_tagTd.Clear();
+        Drop(Captured::CELL);
         return true;
-    case TAG_END_UL:
-    case TAG_END_OL:
-    case TAG_END_LI:
-        if (m_tListItem.m_pStart != nullptr) {
-            CloseListItem();
-        }
-        return true;
-    case TAG_END_HTML: return false;
-    default: return true;
+    case Act::MARK_IMAGE: MarkImage(); return true;
+    case Act::STOP: return false;
     }
+    return true;
 }
 
-// Reads the tag's attributes; the step then ends at the first '>' behind them, which this gives. Null when
-// the page ends inside the tag.
-template <class Record>
-const char* IndexingPass::pParse(Record& record, const char* pAttributes) {
-    const char* const pStopped = record.pParse(pAttributes, m_page);
+// The tag's attributes were read up to pStopped: the step ends at the first '>' from there on, which this
+// gives. Null when the page ends inside the tag.
+inline const char* IndexingPass::pEndAfter(const char* pStopped) {
     const char* const pEnd = pFindTagEnd(pStopped, m_page);
     if (!m_walk.bStepEndsAt(pEnd)) {
-        MarkParting();
-        m_walk.ContinueBehind(pEnd);
+        LeaveStep(pEnd);
     }
     return pEnd;
 }
 
+void IndexingPass::LeaveStep(const char* pEnd) {
+    MarkParting();
+    m_walk.ContinueAfter(pEnd);
+}
+
 // False when there is no such end of a tag.
-bool IndexingPass::bBeginBehind(const char* pTagEnd, text& tCapture) noexcept {
-    tCapture.m_pStart = pTagEnd == nullptr ? nullptr : pTagEnd + 1;
+bool IndexingPass::bOpen(Captured which, const char* pTagEnd) noexcept {
+    pStartOf(which) = pTagEnd == nullptr ? nullptr : pTagEnd + 1;
     return pTagEnd != nullptr;
 }
 
-// The capture up to the tag at hand; empty when nothing stands between.
-text IndexingPass::tCaptured(const text& tCapture) const noexcept {
-    const char* const pEnd = pFindEndBeforeTag(m_pOpen, tCapture.m_pStart);
-    return pEnd == nullptr ? text() : text(tCapture.m_pStart, pEnd, 0);
+// Keeps the text up to the tag at hand, if it is open and anything stands there.
+inline void IndexingPass::Close(Captured which) {
+    const char* const pStart = pStartOf(which);
+    Drop(which);
+    const char* const pOpen = m_walk.pOpen();
+    if (pStart != nullptr && pStart < pOpen) {
+        Keep(which, text(pStart, pOpen - 1, 0));
+    }
+}
+
+inline void IndexingPass::Keep(Captured which, const text& t) {
+    switch (which) {
+    case Captured::TITLE: m_index.m_tTitle = t; return;
+    case Captured::LINK: KeepLink(t); return;
+    case Captured::CELL:
+        if (!bFillsAtMostHalfThePage(t)) {
+            return;
+        }
+        break;
+    default: break;
+    }
+    AppendText(CAPTURED_LISTS[static_cast<std::size_t>(which)], t);
 }
 
 // A cell that spans more is taken for a layout table that holds the page. Distances between first and last
@@ -212,21 +194,42 @@ bool IndexingPass::bFillsAtMostHalfThePage(const text& t) const noexcept {
     return nSpan / static_cast<double>(m_page.m_pEnd - m_page.m_pStart) <= 0.5;
 }
 
-template <class Entry>
-void IndexingPass::Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) const {
-    if (list.empty()) {
-        list.reserve(nUsualCount(nByteCount(m_page), nBytesPerEntry));
+void IndexingPass::KeepLink(const text& tLinkText) {
+    if (m_tagAnchor.m_urlHref.IsEmpty() != 0) {
+        return;
     }
-    list.push_back(entry);
+    UrlMap& map = m_index.m_urlMap;
+    admit_one_more(map.size(), m_limits.links);
+    if (map.size() == map.nCapacity()) {
+        const std::size_t nUsual = nUsualCount(nByteCount(m_page), BYTES_PER_LINK);
+        map.Reserve(m_budget.next_capacity(map.nCapacity(), nUsual, UrlMap::nEntryBytes()));
+    }
+    m_links.Insert(m_tagAnchor, tLinkText);
 }
 
-// A tag is visited once more for each '>' in the text before it. The last visit counts: its step ends behind
+template <class Entry>
+void IndexingPass::Append(std::vector<Entry>& list, const Entry& entry, std::size_t nBytesPerEntry) {
+    m_budget.append(list, entry, nUsualCount(nByteCount(m_page), nBytesPerEntry));
+}
+
+void IndexingPass::AppendText(const CapturedList& list, const text& t) {
+    std::vector<text>& texts = m_index.*list.pList;
+    admit_one_more(texts.size(), m_limits.*list.pMost);
+    Append(texts, t, BYTES_PER_TEXT);
+}
+
+// A tag is visited once more for each '>' in the text before it. The last visit counts: its step ends after
 // the tag.
-void IndexingPass::MarkImage(const char* pName) {
-    std::vector<ImageMark>& marks = m_index.imageTrail.vMarks;
-    const ImageMark mark{pName, {pBehindStep(), {}}};
-    if (!marks.empty() && marks.back().pName == pName) {
+void IndexingPass::MarkImage() {
+    std::vector<ImageMark>& marks = m_trail.vMarks;
+    const ImageMark mark{m_walk.pOpen(), {pAfterStep(), {}}};
+    if (!marks.empty() && marks.back().pOpen == m_walk.pOpen()) {
         marks.back() = mark;
+    } else if (bEnoughMarks()) {
+        // Whoever follows the trail looks for the rest without it, from here on.
+        if (marks.back().pOpen != nullptr) {
+            Append(marks, {nullptr, {m_walk.pOpen(), {}}}, BYTES_PER_IMAGE);
+        }
     } else {
         Append(marks, mark, BYTES_PER_IMAGE);
     }
@@ -234,74 +237,47 @@ void IndexingPass::MarkImage(const char* pName) {
 
 // The tag at hand ends elsewhere than its step, or ends the pass.
 void IndexingPass::MarkParting() {
-    ImageTrail& trail = m_index.imageTrail;
-    if (!trail.vMarks.empty() && trail.vMarks.back().pName != nullptr) {
-        Append(trail.vMarks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
-    } else if (trail.vMarks.empty() && trail.pBreak == nullptr) {
+    if (!m_trail.vMarks.empty() && m_trail.vMarks.back().pOpen != nullptr) {
+        Append(m_trail.vMarks, {nullptr, m_walk.Position()}, BYTES_PER_IMAGE);
+    } else if (m_trail.vMarks.empty() && m_trail.pBreak == nullptr) {
         // Not a mark: a page without image tags takes no memory for any.
-        trail.pBreak = pBehindStep();
+        m_trail.pBreak = pAfterStep();
     }
 }
 
-const char* IndexingPass::pBehindStep() noexcept {
+// Where images are limited, a trail to a few more than that is enough to see that they are too many.
+bool IndexingPass::bEnoughMarks() const noexcept {
+    const std::size_t nMarks = m_trail.vMarks.size();
+    return nMarks > 0 && nMarks / 2 > m_limits.images;
+}
+
+const char* IndexingPass::pAfterStep() noexcept {
     const char* const pEnd = m_walk.pStepEnd();
     return (pEnd == nullptr ? m_page.m_pEnd : pEnd) + 1;
 }
 
-void IndexingPass::CloseTitle() noexcept {
-    if (!m_bInTitle) {
-        return;
-    }
-    if (const text tTitle = tCaptured(m_tTitleText); tTitle.IsEmpty() == 0) {
-        m_index.tTitle = tTitle;
-    }
-    m_bInTitle = false;
-}
-
-void IndexingPass::CloseAnchor() {
-    if (m_bInAnchor && m_tagAnchor.m_urlHref.IsEmpty() == 0) {
-        if (const text tLinkText = tCaptured(m_tAnchorText); tLinkText.IsEmpty() == 0) {
-            if (m_index.urlMap.empty()) {
-                m_index.urlMap.Reserve(nUsualCount(nByteCount(m_page), BYTES_PER_LINK));
-            }
-            m_links.Insert(m_tagAnchor, tLinkText);
-        }
-    }
-    m_bInAnchor = false;
-}
-
-void IndexingPass::CloseCell() {
-    if (m_tCellText.m_pStart != nullptr) {
-        const text tCell = tCaptured(m_tCellText);
-        if (tCell.IsEmpty() == 0 && bFillsAtMostHalfThePage(tCell)) {
-            Append(m_index.vCellTexts, tCell, BYTES_PER_TEXT);
-        }
-    }
-    DropCell();
-}
-
-void IndexingPass::CloseListItem() {
-    if (const text tItem = tCaptured(m_tListItem); tItem.IsEmpty() == 0) {
-        Append(m_index.vListItems, tItem, BYTES_PER_TEXT);
-    }
-    m_tListItem.Clear();
-}
-
-void IndexingPass::DropCell() noexcept {
-    m_index.tagTd.Clear();
-    m_tCellText.Clear();
-}
-
 } // namespace
+} // namespace pageslice_v1
+
+const char* pageslice::RunIndexingPass(const text& page, PageIndex& index, const index_limits& limits,
+                                       memory_budget& budget) {
+    index.m_bInitialized = 1;
+    ImageTrailAccess::Of(index) = {};
+    if (nByteCount(page) == 0) {
+        return nullptr;
+    }
+    IndexingPass pass(page, index, limits, budget);
+    pass.Run();
+    ImageTrailAccess::Of(index).tPage = page;
+    return pass.pLastOpen();
+}
+
+inline namespace pageslice_v1 {
 
 void HtmlParser::InitializeHtmlFile() {
-    m_bInitialized = 1;
-    m_imageTrail.Clear();
-    if (nByteCount(m_tPage) == 0) {
-        return;
-    }
-    const Index index{m_tagTr,      m_tagTd,      m_tagTable, m_tTitle,
-                      m_vCellTexts, m_vListItems, m_urlMap,   m_imageTrail};
-    IndexingPass(m_tPage, index).Run();
-    m_imageTrail.tPage = m_tPage;
+    const index_limits none;
+    memory_budget budget(none.bytes);
+    RunIndexingPass(m_tPage, *this, none, budget);
 }
+
+} // namespace pageslice_v1

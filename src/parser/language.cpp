@@ -1,4 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/html_parser.h"
+
+inline namespace pageslice_v1 {
 
 int LanguageDetector::bLoadDictionary(const char* /*pName*/) const noexcept {
     return 1;
@@ -23,3 +26,5 @@ int HtmlParser::bIsLanguageEnglish() {
 int HtmlParser::bLanguageOfPage(int* pLanguage) {
     return m_language.bLanguageOf(m_tPage, pLanguage);
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "parser/tag_scanner.h"
 
 #include <cstddef>
@@ -5,17 +6,11 @@
 #include <cstring>
 
 #include "pageslice/html_parser.h"
+#include "parser/tag_table.h"
+#include "text/byte_count.h"
 #include "text/word_table.h"
 
-namespace {
-
-constexpr int LONGEST_TAG_WORD = 6;
-
-// The one word that is not made of letters.
-constexpr int COMMENT_LENGTH = 3;
-constexpr std::uint64_t COMMENT_WORD = '!' | '-' << 8 | '-' << 16;
-
-} // namespace
+namespace pageslice {
 
 text tGetTagName(const char* pOpen, const text& page) noexcept {
     const char* p = pOpen + 1;
@@ -40,16 +35,19 @@ int nGetTagCode(const text& tName) noexcept {
 }
 
 int nGetWordCode(const text& tWord) noexcept {
-    const int n = tWord.GetLength();
-    if (tWord.m_pStart == nullptr || n < 1 || n > LONGEST_TAG_WORD) {
+    const std::size_t n = nByteCount(tWord);
+    if (n < 1 || n > nLongestTagWord()) {
         return TAG_UNKNOWN;
     }
-    const std::uint64_t nWord = nLoadWord(tWord.m_pStart, static_cast<std::size_t>(n));
-    if (n == COMMENT_LENGTH && nWord == COMMENT_WORD) {
-        return TAG_COMMENT;
-    }
+    const std::uint64_t nWord = nLoadWord(tWord.m_pStart, n);
     return TAG_WORDS.nFind(nWord | std::uint64_t{' '} << (8 * n), TAG_UNKNOWN);
 }
+
+} // namespace pageslice
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 text HtmlParser::tFindNextTagName(const char* p) const noexcept {
     if (p == nullptr || p > m_tPage.m_pEnd) {
@@ -81,3 +79,5 @@ int HtmlParser::bFindNextTagType(const char* p, int nWanted, int nStop) const no
     }
     return nCode == nWanted ? 1 : 0;
 }
+
+} // namespace pageslice_v1

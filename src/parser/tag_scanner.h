@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tag names and tag codes, as free functions: the parser's members and its walks share them.
 #ifndef PAGESLICE_PARSER_TAG_SCANNER_H
 #define PAGESLICE_PARSER_TAG_SCANNER_H
@@ -6,7 +7,10 @@
 #include <cstdint>
 
 #include "pageslice/html_parser.h"
+#include "parser/tag_table.h"
 #include "text/word_table.h"
+
+namespace pageslice {
 
 // The name of the tag whose '<' stands at pOpen; empty when the page ends before the name does.
 text tGetTagName(const char* pOpen, const text& page) noexcept;
@@ -24,19 +28,6 @@ struct TagAt {
     int nCode;
 };
 
-// With what ends them.
-inline constexpr WordTable<8> TAG_WORDS({
-    {"a ", TAG_A},         {"a>", TAG_A},         {"img ", TAG_IMG},       {"img>", TAG_IMG},
-    {"table ", TAG_TABLE}, {"table>", TAG_TABLE}, {"td ", TAG_TD},         {"td>", TAG_TD},
-    {"th ", TAG_TH},       {"th>", TAG_TH},       {"tr ", TAG_TR},         {"tr>", TAG_TR},
-    {"ul ", TAG_UL},       {"ul>", TAG_UL},       {"ol ", TAG_OL},         {"ol>", TAG_OL},
-    {"li ", TAG_LI},       {"li>", TAG_LI},       {"meta ", TAG_META},     {"meta>", TAG_META},
-    {"br ", TAG_BR},       {"br>", TAG_BR},       {"hr ", TAG_HR},         {"hr>", TAG_HR},
-    {"p ", TAG_P},         {"p>", TAG_P},         {"center ", TAG_CENTER}, {"center>", TAG_CENTER},
-    {"pre ", TAG_PRE},     {"pre>", TAG_PRE},     {"title ", TAG_TITLE},   {"title>", TAG_TITLE},
-    {"html ", TAG_HTML},   {"html>", TAG_HTML},
-});
-
 inline TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
     const char* pName = pOpen + 1;
     while (pName < pPageEnd && *pName == ' ') {
@@ -48,5 +39,7 @@ inline TagAt GetTagAt(const char* pOpen, const char* pPageEnd) noexcept {
     return {pName,
             TAG_WORDS.nFind(nUpToNoLetter(nWord >> (8 * nSlashes)), TAG_UNKNOWN) + nSlashes * TAG_END_OFFSET};
 }
+
+} // namespace pageslice
 
 #endif

@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "parser/url_map_builder.h"
 
 #include <algorithm>
 #include <cstring>
 #include <utility>
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -49,15 +52,6 @@ void UrlMap::Insert(const tag_a& anchor, const text& tLinkText) {
     UrlMapBuilder(*this).Insert(anchor, tLinkText);
 }
 
-void UrlMap::Clear() noexcept {
-    m_entries.clear();
-    m_nodes.clear();
-    m_nRoot = NO_NODE;
-    m_nFirst = NO_NODE;
-    m_bHasNuls = false;
-    m_nLinkBytes = 0;
-}
-
 // Adds a leaf, the last node of a path that begins at the root, on a side of the one before. Gives what
 // Rebalance gives.
 std::size_t UrlMap::AddLeaf(std::uint32_t* pPath, std::size_t nDepth, int nSide) noexcept {
@@ -72,7 +66,7 @@ std::size_t UrlMap::AddLeaf(std::uint32_t* pPath, std::size_t nDepth, int nSide)
     return Rebalance(pPath, nDepth);
 }
 
-// In the order of iteration a leaf stands right before its parent or right behind it, and no rotation changes
+// In the order of iteration a leaf stands right before its parent or right after it, and no rotation changes
 // that.
 void UrlMap::PutBeside(std::uint32_t nNode, std::uint32_t nParent, int nSide) noexcept {
     const std::uint32_t nPrevious = nSide == LEFT ? m_nodes[nParent].nPrevious : nParent;
@@ -226,3 +220,5 @@ void UrlMapBuilder::KeepSpine(std::size_t nLowered) noexcept {
         m_spine[i] = m_spine[i + 1];
     }
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_PARSER_URL_MAP_BUILDER_H
 #define PAGESLICE_PARSER_URL_MAP_BUILDER_H
 
@@ -6,6 +7,8 @@
 #include <cstdint>
 
 #include "pageslice/url_map.h"
+
+inline namespace pageslice_v1 {
 
 // Adds entries to a map one after the other; while it does, nobody else does. Most links differ from all that
 // came before, and take the same path: down the tree's left spine. The builder keeps that spine at hand, so
@@ -46,5 +49,7 @@ private:
     std::array<Link, DEEPEST + 1> m_links; // of its nodes
     std::size_t m_nSteps = 0;
 };
+
+} // namespace pageslice_v1
 
 #endif

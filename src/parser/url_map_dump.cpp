@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "parser/url_map_dump.h"
 
 #include <cstdio>
 
 #include "output/output_text.h"
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -28,3 +31,5 @@ void PrintUrlMap(const UrlMap& map, OutputText& out) {
     }
     PrintRule(out, "---------------------------");
 }
+
+} // namespace pageslice_v1

@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "platform/afx_parse_url.h"
 
 #include <algorithm>
 #include <string_view>
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -93,3 +96,5 @@ int AfxParseURL(const char* pUrl, std::uint32_t& nServiceType, std::string& serv
     object.assign(pieces.object);
     return pieces.host.empty() ? 0 : bParsePort(pieces.port, nPort);
 }
+
+} // namespace pageslice_v1

@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_PLATFORM_AFX_PARSE_URL_H
 #define PAGESLICE_PLATFORM_AFX_PARSE_URL_H
 
 #include <cstdint>
 #include <string>
+
+inline namespace pageslice_v1 {
 
 // What a scheme means to the caller who wants to connect.
 enum : std::uint32_t { URL_SERVICE_UNKNOWN = 0, URL_SERVICE_FTP, URL_SERVICE_HTTP, URL_SERVICE_HTTPS };
@@ -14,5 +17,7 @@ enum : std::uint32_t { URL_SERVICE_UNKNOWN = 0, URL_SERVICE_FTP, URL_SERVICE_HTT
 // Linear. Throws std::bad_alloc.
 int AfxParseURL(const char* pUrl, std::uint32_t& nServiceType, std::string& server, std::string& object,
                 std::uint16_t& nPort);
+
+} // namespace pageslice_v1
 
 #endif

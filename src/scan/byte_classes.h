@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_SCAN_BYTE_CLASSES_H
 #define PAGESLICE_SCAN_BYTE_CLASSES_H
 
 #include <array>
+
+namespace pageslice {
 
 // What stands before a piece of a tag, and what ends it.
 enum ByteClass : unsigned char {
@@ -29,5 +32,7 @@ inline constexpr std::array<unsigned char, 256> BYTE_CLASSES = MakeByteClasses()
 inline bool bIsOfClass(char c, ByteClass byteClass) noexcept {
     return (BYTE_CLASSES[static_cast<unsigned char>(c)] & byteClass) != 0;
 }
+
+} // namespace pageslice
 
 #endif

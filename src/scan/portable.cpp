@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The definition: 64-bit arithmetic only. A 32-bit build without vector instructions gets this one.
 #include "scan/portable.h"
 
@@ -6,19 +7,28 @@
 #include "platform/bits.h"
 #include "scan/byte_classes.h"
 
-namespace scan_portable {
+namespace pageslice::scan_portable {
 namespace {
 
 constexpr std::size_t WORD = 8;
 constexpr std::uint64_t EVERY_BYTE = 0x0101010101010101;
 constexpr std::uint64_t LOW_BITS = 0x7F7F7F7F7F7F7F7F;
 
-// One bit per byte of a word that is 0. The bytes' top bits are gathered by a multiplication that moves
-// each of them to a place of its own in the highest byte.
-std::uint64_t nZeroBytes(std::uint64_t n) noexcept {
+// One bit per byte of a word: its top bit. A multiplication moves each of them to a place of its own in the
+// highest byte.
+std::uint64_t nGatherTopBits(std::uint64_t n) noexcept {
     constexpr std::uint64_t GATHER = 0x0102040810204080;
-    const std::uint64_t nTopBits = ~(((n & LOW_BITS) + LOW_BITS) | n | LOW_BITS);
-    return ((nTopBits >> 7) * GATHER) >> 56;
+    return (((n & ~LOW_BITS) >> 7) * GATHER) >> 56;
+}
+
+// One bit per byte of a word that is 0.
+std::uint64_t nZeroBytes(std::uint64_t n) noexcept {
+    return nGatherTopBits(~(((n & LOW_BITS) + LOW_BITS) | n));
+}
+
+// One bit per byte of a word that is no less than '!' and no more than DEL.
+std::uint64_t nPrintableBytes(std::uint64_t n) noexcept {
+    return nGatherTopBits(((n & LOW_BITS) + EVERY_BYTE * (0x80 - '!')) & ~n);
 }
 
 class Block {
@@ -38,13 +48,31 @@ public:
         return nMask;
     }
 
-    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' ') | Equal('<'); }
-
-    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
-        return pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
+    std::uint64_t Printable() const noexcept {
+        std::uint64_t nMask = 0;
+        for (std::size_t i = 0; i < WORD; ++i) {
+            nMask |= nPrintableBytes(m_words[i]) << (i * WORD);
+        }
+        return nMask;
     }
 
-    static void Clear(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
+    std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' ') | Equal('<'); }
+
+    char* Compress(std::uint64_t nKeep, char* pOut) const noexcept {
+        return pCompressByRuns(m_p, nKeep, Blank(), pOut);
+    }
+
+    std::uint64_t Spaces() const noexcept {
+        return Equal('\t') | Equal('\n') | Equal('\f') | Equal('\r') | Equal(' ');
+    }
+
+    char* CompressSpaces(std::uint64_t nKeep, char* pOut) const noexcept {
+        return pCompressByRuns(m_p, nKeep, Spaces(), pOut);
+    }
+
+    void StoreSpaces(char* pOut) const noexcept { CompressSpaces(~std::uint64_t{0}, pOut); }
+
+    static void ZeroFill(char* p) noexcept { std::memset(p, 0, SCAN_BLOCK); }
 
 private:
     // The first byte stands in the lowest bits, whatever the processor's byte order.
@@ -60,9 +88,9 @@ private:
     std::uint64_t m_words[WORD];
 };
 
-struct Piece {
+struct Chunk {
     static constexpr std::size_t SIZE = 1;
-    explicit Piece(const char* p) noexcept : m_c(*p) {}
+    explicit Chunk(const char* p) noexcept : m_c(*p) {}
     template <ByteClass CLASS>
     std::uint32_t Mask() const noexcept {
         return bIsOfClass(m_c, CLASS) ? 1 : 0;
@@ -77,7 +105,7 @@ struct Piece {
 
 } // namespace
 
-char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept {
+char* pCompressByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept {
     while (nKeep != 0) {
         const unsigned nStart = nLowestBit(nKeep);
         const std::uint64_t nGap = ~(nKeep >> nStart);
@@ -98,4 +126,4 @@ char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, c
 
 const ScanPrimitives PRIMITIVES = MakePrimitives("portable");
 
-} // namespace scan_portable
+} // namespace pageslice::scan_portable

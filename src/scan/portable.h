@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_SCAN_PORTABLE_H
 #define PAGESLICE_SCAN_PORTABLE_H
 
@@ -5,13 +6,13 @@
 
 #include "scan/primitives.h"
 
-namespace scan_portable {
+namespace pageslice::scan_portable {
 
 extern const ScanPrimitives PRIMITIVES;
 
-// Squeezes 64 bytes run by run: writes those of nKeep in order, those of nBlank as spaces.
-char* pSqueezeByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept;
+// Compresses 64 bytes run by run: writes those of nKeep in order, those of nBlank as spaces.
+char* pCompressByRuns(const char* p, std::uint64_t nKeep, std::uint64_t nBlank, char* pOut) noexcept;
 
-} // namespace scan_portable
+} // namespace pageslice::scan_portable
 
 #endif

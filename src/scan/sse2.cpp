@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 16 bytes at a time: every 64-bit x86 processor has this level, and nearly every 32-bit one.
 #include "platform/bits.h"
 #include "scan/byte_classes.h"
@@ -12,22 +13,31 @@
 
 PAGESLICE_TARGET_BEGIN("sse2")
 
-namespace scan_sse2 {
+namespace pageslice::scan_sse2 {
 namespace {
 
 class Block {
 public:
     explicit Block(const char* p) noexcept : m_p(p) {
-        for (int i = 0; i < PIECES; ++i) {
-            m_pieces[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p) + i);
+        for (int i = 0; i < REGISTERS; ++i) {
+            m_registers[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p) + i);
         }
     }
 
     std::uint64_t Equal(char c) const noexcept {
         const __m128i pattern = _mm_set1_epi8(c);
         std::uint64_t nMask = 0;
-        for (int i = 0; i < PIECES; ++i) {
-            const int nBits = _mm_movemask_epi8(_mm_cmpeq_epi8(m_pieces[i], pattern));
+        for (int i = 0; i < REGISTERS; ++i) {
+            const int nBits = _mm_movemask_epi8(_mm_cmpeq_epi8(m_registers[i], pattern));
+            nMask |= static_cast<std::uint64_t>(nBits) << (16 * i);
+        }
+        return nMask;
+    }
+
+    std::uint64_t Printable() const noexcept {
+        std::uint64_t nMask = 0;
+        for (int i = 0; i < REGISTERS; ++i) {
+            const int nBits = _mm_movemask_epi8(_mm_cmpgt_epi8(m_registers[i], _mm_set1_epi8(' ')));
             nMask |= static_cast<std::uint64_t>(nBits) << (16 * i);
         }
         return nMask;
@@ -35,21 +45,31 @@ public:
 
     std::uint64_t Blank() const noexcept { return Equal('\n') | Equal('\r') | Equal(' ') | Equal('<'); }
 
-    char* Squeeze(std::uint64_t nKeep, char* pOut) const noexcept {
-        return scan_portable::pSqueezeByRuns(m_p, nKeep, Blank(), pOut);
+    char* Compress(std::uint64_t nKeep, char* pOut) const noexcept {
+        return scan_portable::pCompressByRuns(m_p, nKeep, Blank(), pOut);
     }
 
-    static void Clear(char* p) noexcept {
-        for (int i = 0; i < PIECES; ++i) {
+    std::uint64_t Spaces() const noexcept {
+        return Equal('\t') | Equal('\n') | Equal('\f') | Equal('\r') | Equal(' ');
+    }
+
+    char* CompressSpaces(std::uint64_t nKeep, char* pOut) const noexcept {
+        return scan_portable::pCompressByRuns(m_p, nKeep, Spaces(), pOut);
+    }
+
+    void StoreSpaces(char* pOut) const noexcept { CompressSpaces(~std::uint64_t{0}, pOut); }
+
+    static void ZeroFill(char* p) noexcept {
+        for (int i = 0; i < REGISTERS; ++i) {
             _mm_storeu_si128(reinterpret_cast<__m128i*>(p) + i, _mm_setzero_si128());
         }
     }
 
 private:
-    static constexpr int PIECES = 4;
+    static constexpr int REGISTERS = 4;
 
     const char* m_p;
-    __m128i m_pieces[PIECES];
+    __m128i m_registers[REGISTERS];
 };
 
 // Which comparisons were true an odd number of times, byte by byte: masks are made at the end only.
@@ -70,11 +90,11 @@ private:
     __m128i m_flips;
 };
 
-class Piece {
+class Chunk {
 public:
     static constexpr std::size_t SIZE = 16;
 
-    explicit Piece(const char* p) noexcept : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))) {}
+    explicit Chunk(const char* p) noexcept : m_bytes(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))) {}
 
     template <ByteClass CLASS>
     std::uint32_t Mask() const noexcept {
@@ -105,7 +125,7 @@ private:
 
 const ScanPrimitives PRIMITIVES = MakePrimitives("sse2");
 
-} // namespace scan_sse2
+} // namespace pageslice::scan_sse2
 
 PAGESLICE_TARGET_END
 

@@ -1,6 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "scan/tag_bounds.h"
 
 #include "scan/primitives.h"
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 const char* pFindTagEnd(const char* p, const text& page) noexcept {
     if (p == nullptr || p > page.m_pEnd) {
@@ -18,3 +23,5 @@ const char* pFindEndBeforeTag(const char* p, const char* pLower) noexcept {
     }
     return p > pLower ? p - 1 : nullptr;
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_SCAN_TAG_WALK_H
 #define PAGESLICE_SCAN_TAG_WALK_H
 
@@ -8,6 +9,8 @@
 #include "platform/bits.h"
 #include "scan/primitives.h"
 #include "text/word_table.h"
+
+namespace pageslice {
 
 // The names of the tags that a walk hands out, each with what ends it and an end tag's with its slash. The
 // name of a tag that begins with a space is " ".
@@ -20,12 +23,12 @@ struct WalkPosition {
 };
 
 // Walks a page from tag to tag. Each step starts at a position p: it visits the first '<' at or after p,
-// and it ends at pFindTagEnd(p), behind which the next step starts.
+// and it ends at pFindTagEnd(p), after which the next step starts.
 //
 // The end is looked for from p, not from the '<'. A '>' in the text before a tag therefore ends the step
 // early, and the next step visits the same '<' again; an unpaired '"' in that text makes the step run on to
 // the next '"', past the tags in between. Whoever parses the tag's attributes knows better where it ends
-// and says so with ContinueBehind.
+// and says so with ContinueAfter.
 //
 // Only wanted tags are handed out. Which they are is looked up for all tags of a sweep, before the first of
 // them is handed out: whoever acts on them need not wait for it.
@@ -39,7 +42,11 @@ public:
     TagWalk(const char* pFrom, const text& page, const WantedTags& wanted) noexcept;
 
     // Goes on to the next step that visits a wanted tag; gives its '<', or null when the walk is over.
-    const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextBehindSweep(); }
+    const char* pNext() noexcept { return m_nNextVisit < m_nWanted ? pTakeVisit() : pNextAfterSweep(); }
+
+    // The '<' of the tag at hand. Once the walk is over, the one visited last, wanted or not; null when no
+    // '<' was left.
+    const char* pOpen() const noexcept { return m_pOpen; }
 
     // The code of the wanted tag at hand.
     int nCode() const noexcept { return m_nCode; }
@@ -59,7 +66,7 @@ public:
     }
 
     // Ends the current step at pEnd instead; null ends the walk.
-    void ContinueBehind(const char* pEnd) noexcept;
+    void ContinueAfter(const char* pEnd) noexcept;
 
     // Where the walk goes on as long as nobody tells it otherwise.
     WalkPosition Position() const noexcept;
@@ -76,7 +83,7 @@ private:
         const char* const pEnd = pNearStepEnd();
         return pEnd == nullptr ? pFarStepEndBefore(pLimit) : pEnd;
     }
-    // The end of a step of the sweep, where it stands among as many bytes behind the '<' as a block has; else
+    // The end of a step of the sweep, where it stands among as many bytes after the '<' as a block has; else
     // null. Mostly it does. Each '>' of the sweep belongs to the step that it ends.
     const char* pNearStepEnd() const noexcept {
         if (m_pSwept == nullptr || m_pEnd != nullptr) {
@@ -91,13 +98,13 @@ private:
     const char* pFarStepEndBefore(const char* pLimit) const noexcept;
     const char* pKnownFarStepEnd() const noexcept;
     WalkPosition RestOfStep() const noexcept;
-    const char* pNextBehindSweep() noexcept;
+    const char* pNextAfterSweep() noexcept;
     bool bGoOn() noexcept;
     bool bSingleStep() noexcept;
     bool bSweep() noexcept;
     void KeepWanted() noexcept;
     bool bIsWanted(std::uint64_t nWord, int& nCode) const noexcept;
-    std::size_t nLeftBehind(const char* pOpen) const noexcept {
+    std::size_t nLeftAfter(const char* pOpen) const noexcept {
         return static_cast<std::size_t>(m_pPageEnd - pOpen) - 1;
     }
     void DropSweep() noexcept;
@@ -120,5 +127,7 @@ private:
     TagSweep m_sweep;
     std::array<std::uint16_t, MOST_VISITS> m_nCodes; // of the wanted visits
 };
+
+} // namespace pageslice
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The attribute scanner on plain positions: [p, pPageEnd) is what is left of the page. The members of `tag`
 // and the loop of the records share it.
 #ifndef PAGESLICE_TAGS_ATTRIBUTE_SCANNER_H
@@ -5,11 +6,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 #include "pageslice/records.h"
 #include "scan/byte_classes.h"
 #include "scan/primitives.h"
+#include "tags/attribute_tables.h"
 #include "text/word_table.h"
+
+namespace pageslice {
 
 inline const char* pSkipClass(const char* p, const char* pPageEnd, ByteClass byteClass) noexcept {
     while (p < pPageEnd && bIsOfClass(*p, byteClass)) {
@@ -31,18 +36,18 @@ inline const char* pFindLastOfName(const char* p, const char* pPageEnd) noexcept
     return pEnd == p ? p : pEnd - 1;
 }
 
-// Words are closed by what mostly stands behind them, so that NULs behind a word do not pass for the zeros
-// behind a shorter one.
+// Words are closed by what mostly follows them, so that NULs after a word do not pass for the zeros after a
+// shorter one.
 inline constexpr char WORD_MARK = '=';
 
-inline constexpr WordTable<6>
-    ATTRIBUTE_WORDS({{"src=", ATTR_SRC},         {"lowsrc=", ATTR_LOWSRC},  {"alt=", ATTR_ALT},
-                     {"align=", ATTR_ALIGN},     {"height=", ATTR_HEIGHT},  {"width=", ATTR_WIDTH},
-                     {"border=", ATTR_BORDER},   {"hspace=", ATTR_HSPACE},  {"vspace=", ATTR_VSPACE},
-                     {"usemap=", ATTR_USEMAP},   {"ismap=", ATTR_ISMAP},    {"name=", ATTR_NAME},
-                     {"href=", ATTR_HREF},       {"rel=", ATTR_REL},        {"rev=", ATTR_REV},
-                     {"title=", ATTR_TITLE},     {"valign=", ATTR_VALIGN},  {"nowrap=", ATTR_NOWRAP},
-                     {"rowspan=", ATTR_ROWSPAN}, {"colspan=", ATTR_COLSPAN}});
+constexpr auto MakeAttributeKeywords() noexcept {
+    Keywords<std::size(ATTRIBUTE_WORDS)> words;
+    for (const AttributeWord& word : ATTRIBUTE_WORDS) {
+        words.Add(word.pWord, WORD_MARK, word.nCode);
+    }
+    return words;
+}
+inline constexpr WordTable<6> ATTRIBUTE_TABLE(MakeAttributeKeywords());
 
 // A name's last character, as above, and its attribute code.
 struct NameAt {
@@ -58,7 +63,7 @@ inline NameAt ReadName(const char* p, const char* pPageEnd) noexcept {
         const std::uint64_t nWord = nLoadWord(p, WORD_SIZE);
         const std::size_t n = nCountLetters(nWord);
         if (n > 0 && p[n] == WORD_MARK) {
-            return {p + n - 1, ATTRIBUTE_WORDS.nFind(nUpToNoLetter(nWord), ATTR_UNKNOWN)};
+            return {p + n - 1, ATTRIBUTE_TABLE.nFind(nUpToNoLetter(nWord), ATTR_UNKNOWN)};
         }
     }
     return ReadAnyName(p, pPageEnd);
@@ -87,5 +92,7 @@ inline const char* pScanValue(const char* p, const char* pPageEnd, text& value) 
     }
     return bQuoted ? pEnd + 1 : pEnd;
 }
+
+} // namespace pageslice
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tags/dumps.h"
 
 #include <cstddef>
@@ -5,7 +6,12 @@
 #include <iterator>
 
 #include "pageslice/records.h"
+#include "tags/attribute_tables.h"
 #include "tags/tag_img.h"
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 namespace {
 
@@ -29,11 +35,33 @@ void PrintField(const char* pLabel, int n) {
     std::printf("%s = %d\n", pLabel, n);
 }
 
-void PrintFlag(const char* pLabel, int bFlag) {
-    std::printf("%s = %s\n", pLabel, bFlag != 0 ? "TRUE" : "FALSE");
+template <class Record, class Field>
+void PrintRow(const Record& record, const Attribute<Record, Field>& row) {
+    PrintField(row.pLabel, record.*row.pField);
 }
 
-void PrintClosingRule() {
+template <class Record, class Field>
+void PrintRow(const Record& record, const Unfilled<Record, Field>& row) {
+    PrintField(row.pLabel, record.*row.pField);
+}
+
+template <class Record>
+void PrintRow(const Record& record, const Flag<Record>& row) {
+    std::printf("%s = %s\n", row.pLabel, record.*row.pFlag != 0 ? "TRUE" : "FALSE");
+}
+
+template <class Record>
+void PrintRow(const Record& /*record*/, const ReadPast& /*row*/) {}
+
+template <class Record, class Table>
+void PrintRows(const Record& record, const Table& table) {
+    table.ForEach([&record](const auto& row) { PrintRow(record, row); });
+}
+
+template <class Record, class Table>
+void PrintRecord(const char* pHeading, const Record& record, const Table& table) {
+    std::printf("%s\n", pHeading);
+    PrintRows(record, table);
     std::printf("------------------------------------------\n");
 }
 
@@ -63,67 +91,31 @@ void PrintTag(const char* p) {
 }
 
 void tag_a::PrintDebug() const {
-    std::printf("--------------- a tag --------------------\n");
-    PrintField("href", m_urlHref);
-    PrintField("name", m_tName);
-    PrintField("rel", m_tRel);
-    PrintField("rev", m_tRev);
-    PrintField("title", m_tTitle);
-    PrintClosingRule();
+    PrintRecord("--------------- a tag --------------------", *this, ANCHOR_ATTRIBUTES);
 }
 
 void tag_img::PrintDebug() const {
-    std::printf("-------------- img tag -------------------\n");
-    PrintField("src", m_urlSrc);
-    PrintField("lowsrc", m_urlLowSrc);
-    PrintField("usemap", m_urlUseMap);
-    PrintField("alt text", m_altText);
-    PrintField("align", m_align);
-    PrintField("height", m_nHeight);
-    PrintField("width", m_nWidth);
-    PrintField("border", m_nBorder);
-    PrintField("hspace", m_nHSpace);
-    PrintField("vspace", m_nVSpace);
-    PrintFlag("ismap", m_bIsMap);
-    PrintClosingRule();
+    PrintRecord("-------------- img tag -------------------", *this, IMAGE_ATTRIBUTES);
 }
 
 void tag_table::PrintDebug() const {
-    std::printf("--------------- table tag --------------------\n");
-    PrintField("caption", m_tCaption);
-    PrintField("align", m_align);
-    PrintField("width", m_nWidth);
-    PrintField("border", m_nBorder);
-    PrintField("cellspacing", m_nCellSpacing);
-    PrintField("cellpadding", m_nCellPadding);
-    PrintClosingRule();
+    PrintRecord("--------------- table tag --------------------", *this, TABLE_ATTRIBUTES);
 }
 
 void tag_tr::PrintDebug() const {
-    std::printf("-------------- tr tag --------------------\n");
-    PrintField("align", m_align);
-    PrintField("valign", m_valign);
-    PrintClosingRule();
+    PrintRecord("-------------- tr tag --------------------", *this, ROW_ATTRIBUTES);
 }
 
 void tag_td::PrintDebug() const {
-    std::printf("-------------- td tag -------------------\n");
-    PrintFields();
-    PrintClosingRule();
+    PrintRecord("-------------- td tag -------------------", *this, CELL_ATTRIBUTES);
 }
 
 void tag_td::PrintDebugTh() const {
-    std::printf("-------------- th tag -------------------\n");
-    PrintFields();
-    PrintClosingRule();
+    PrintRecord("-------------- th tag -------------------", *this, CELL_ATTRIBUTES);
 }
 
 void tag_td::PrintFields() const {
-    PrintFlag("nowrap", m_bNoWrap);
-    PrintField("rowspan", m_nRowSpan);
-    PrintField("colspan", m_nColSpan);
-    PrintField("align", m_align);
-    PrintField("valign", m_valign);
-    PrintField("width", m_nWidth);
-    PrintField("height", m_nHeight);
+    PrintRows(*this, CELL_ATTRIBUTES);
 }
+
+} // namespace pageslice_v1

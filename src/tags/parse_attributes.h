@@ -1,20 +1,22 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_TAGS_PARSE_ATTRIBUTES_H
 #define PAGESLICE_TAGS_PARSE_ATTRIBUTES_H
 
 #include <algorithm>
-#include <cstddef>
 
 #include "pageslice/records.h"
 #include "scan/tag_bounds.h"
 #include "tags/attribute_scanner.h"
-#include "text/string_utils.h"
+#include "tags/attribute_tables.h"
+
+namespace pageslice {
 
 // The loop that all records share: from q on, scans name after name until the tag's '>' or the page's end.
-// bTakesValue(code) says whether a value is read behind a name; if so, store(code, value) is called with
-// every value that is not empty, otherwise with an empty slice.
-// Gives the position where the last name scan started, or null when a value ran to the end of the page.
-template <class TakesValue, class Store>
-const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesValue, Store store) {
+// The record, cleared, receives what its table lists; an empty value stores nothing. Gives the position where
+// the last name scan started, or null when a value ran to the end of the page.
+template <class Record, class Table>
+const char* pParseAttributes(Record& record, const Table& table, const char* q, const text& page) noexcept {
+    table.Clear(record);
     if (q == nullptr || page.m_pEnd == nullptr) {
         return nullptr;
     }
@@ -30,14 +32,14 @@ const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesV
             return q;
         }
         q = name.pLast + 1;
-        if (!bTakesValue(name.nCode)) {
-            store(name.nCode, text());
+        if (!table.bTakesValue(name.nCode)) {
+            table.Store(record, name.nCode, text());
             continue;
         }
         text value;
         q = pScanValue(q, pPageEnd, value);
         if (value.m_pStart != nullptr) {
-            store(name.nCode, value);
+            table.Store(record, name.nCode, value);
         }
         if (q == nullptr) {
             return nullptr;
@@ -45,7 +47,7 @@ const char* pParseAttributes(const char* q, const text& page, TakesValue bTakesV
     }
 }
 
-// Behind the rest of the tag word: only the space and '>' end it.
+// After the rest of the tag word: only the space and '>' end it.
 inline const char* pSkipTagWord(const char* p, const text& page) noexcept {
     while (p != nullptr && p <= page.m_pEnd && *p != ' ' && *p != '>') {
         ++p;
@@ -53,21 +55,23 @@ inline const char* pSkipTagWord(const char* p, const text& page) noexcept {
     return p;
 }
 
-// Sets record.m_tTag to the tag around p, from its '<' to where the scan stopped (q), and gives q. Null,
-// and a cleared m_tTag, when q is null or no '<' stands before p above the page's first character.
-inline const char* pSetTag(tag& record, const char* p, const char* q, const text& page) noexcept {
+// The '<' that opens the tag around p; null where none stands before p above the page's first character.
+inline const char* pFindOpen(const char* p, const text& page) noexcept {
     const char* const pBefore = pFindEndBeforeTag(std::min(p, page.m_pEnd), page.m_pStart);
-    if (q == nullptr || pBefore == nullptr) {
+    return pBefore == nullptr ? nullptr : pBefore + 1;
+}
+
+// Sets record.m_tTag to the tag from its '<' to where the scan stopped (q), and gives q. Null, and a cleared
+// m_tTag, when q is null or the '<' is, or stands on the page's first character.
+inline const char* pSetTag(tag& record, const char* pOpen, const char* q, const text& page) noexcept {
+    if (q == nullptr || pOpen == nullptr || pOpen == page.m_pStart) {
         record.m_tTag.Clear();
         return nullptr;
     }
-    record.m_tTag.Set(pBefore + 1, std::min(q, page.m_pEnd), 0);
+    record.m_tTag.Set(pOpen, std::min(q, page.m_pEnd), 0);
     return q;
 }
 
-// The number that a value spells, read from the value's own characters only.
-inline int nNumberOf(const text& value) noexcept {
-    return nParseDecimal(value.m_pStart, static_cast<std::size_t>(value.m_pEnd - value.m_pStart) + 1);
-}
+} // namespace pageslice
 
 #endif

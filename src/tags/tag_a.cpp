@@ -1,5 +1,15 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/records.h"
 #include "tags/parse_attributes.h"
+#include "tags/parse_tag.h"
+
+const char* pageslice::pParseTag(tag_a& record, const char* pOpen, const char* p, const text& page) noexcept {
+    return pSetTag(record, pOpen, pParseAttributes(record, ANCHOR_ATTRIBUTES, p, page), page);
+}
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 tag_a::tag_a() = default;
 
@@ -8,26 +18,11 @@ tag_a::tag_a(const char* p, const text& page) {
 }
 
 void tag_a::Clear() noexcept {
-    m_tName.Clear();
-    m_urlHref.Clear();
-    m_tRel.Clear();
-    m_tRev.Clear();
-    m_tTitle.Clear();
+    ANCHOR_ATTRIBUTES.Clear(*this);
 }
 
 const char* tag_a::pParse(const char* p, const text& page) noexcept {
-    const auto store = [this](int nCode, const text& value) {
-        switch (nCode) {
-        case ATTR_NAME: m_tName = value; break;
-        case ATTR_HREF: m_urlHref = value; break;
-        case ATTR_REL: m_tRel = value; break;
-        case ATTR_REV: m_tRev = value; break;
-        case ATTR_TITLE: m_tTitle = value; break;
-        default: break;
-        }
-    };
-    Clear();
-    const char* const q = pParseAttributes(
-        pSkipTagWord(p, page), page, [](int) { return true; }, store);
-    return pSetTag(*this, p, q, page);
+    return pParseTag(*this, pFindOpen(p, page), pSkipTagWord(p, page), page);
 }
+
+} // namespace pageslice_v1

@@ -1,6 +1,17 @@
+// SPDX-License-Identifier: MIT
 #include "tags/tag_img.h"
 
 #include "tags/parse_attributes.h"
+#include "tags/parse_tag.h"
+
+const char* pageslice::pParseTag(tag_img& record, const char* pOpen, const char* p,
+                                 const text& page) noexcept {
+    return pSetTag(record, pOpen, pParseAttributes(record, IMAGE_ATTRIBUTES, p, page), page);
+}
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 tag_img::tag_img() {
     Clear();
@@ -11,37 +22,11 @@ tag_img::tag_img(const char* p, const text& page) {
 }
 
 void tag_img::Clear() noexcept {
-    m_urlSrc.Clear();
-    m_urlLowSrc.Clear();
-    m_altText.Clear();
-    m_align = ALIGN_UNKNOWN;
-    m_nHeight = -1;
-    m_nWidth = -1;
-    m_nBorder = -1;
-    m_nHSpace = -1;
-    m_nVSpace = -1;
-    m_urlUseMap.Clear();
-    m_bIsMap = 0;
+    IMAGE_ATTRIBUTES.Clear(*this);
 }
 
 const char* tag_img::pParse(const char* p, const text& page) noexcept {
-    const auto bTakesValue = [](int nCode) { return nCode >= ATTR_SRC && nCode <= ATTR_USEMAP; };
-    const auto store = [this](int nCode, const text& value) {
-        switch (nCode) {
-        case ATTR_SRC: m_urlSrc = value; break;
-        case ATTR_LOWSRC: m_urlLowSrc = value; break;
-        case ATTR_ALT: m_altText = value; break;
-        case ATTR_ALIGN: m_align = value.ConvertToAlign(); break;
-        case ATTR_HEIGHT: m_nHeight = nNumberOf(value); break;
-        case ATTR_WIDTH: m_nWidth = nNumberOf(value); break;
-        case ATTR_BORDER: m_nBorder = nNumberOf(value); break;
-        case ATTR_HSPACE: m_nHSpace = nNumberOf(value); break;
-        case ATTR_VSPACE: m_nVSpace = nNumberOf(value); break;
-        case ATTR_USEMAP: m_urlUseMap = value; break;
-        case ATTR_ISMAP: m_bIsMap = 1; break;
-        default: break;
-        }
-    };
-    Clear();
-    return pSetTag(*this, p, pParseAttributes(p, page, bTakesValue, store), page);
+    return pParseTag(*this, pFindOpen(p, page), p, page);
 }
+
+} // namespace pageslice_v1

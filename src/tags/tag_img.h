@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_TAGS_TAG_IMG_H
 #define PAGESLICE_TAGS_TAG_IMG_H
 
 #include "output/alt_text.h"
 #include "pageslice/records.h"
+
+inline namespace pageslice_v1 {
 
 // An image tag. Only the attributes from src to usemap take a value; the words of any other attribute's
 // value are met as names. pParse also gives null when no '<' stands before `p` above the page's first
@@ -27,5 +30,7 @@ public:
     url m_urlUseMap;
     int m_bIsMap;
 };
+
+} // namespace pageslice_v1
 
 #endif

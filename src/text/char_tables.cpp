@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: MIT
 #include "text/char_tables.h"
 
 #include <array>
 #include <cstddef>
+
+inline namespace pageslice_v1 {
 
 // The compiler works the tables out from a picture of each set, so that a set can be checked at a glance
 // against a printed chart and nothing is left to do when the library is loaded.
@@ -198,3 +201,5 @@ const unsigned char* const g_charToUpper[12] = {
     TABLES[0].upper, TABLES[1].upper, TABLES[2].upper, TABLES[3].upper, TABLES[4].upper,  TABLES[5].upper,
     TABLES[6].upper, TABLES[7].upper, TABLES[8].upper, TABLES[9].upper, TABLES[10].upper, nullptr,
 };
+
+} // namespace pageslice_v1

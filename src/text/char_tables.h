@@ -1,5 +1,8 @@
+// SPDX-License-Identifier: MIT
 #ifndef PAGESLICE_TEXT_CHAR_TABLES_H
 #define PAGESLICE_TEXT_CHAR_TABLES_H
+
+inline namespace pageslice_v1 {
 
 // Class and case of every character of eleven 8-bit character sets: constant data, one table read per answer,
 // deaf to the locale of the host.
@@ -26,5 +29,7 @@ inline constexpr unsigned char CT_BLANK = 0x80; // the space, and not even the t
 extern const unsigned char* const g_charClass[11];
 extern const unsigned char* const g_charToLower[12];
 extern const unsigned char* const g_charToUpper[12];
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/string_utils.h"
 
 #include <climits>
@@ -6,6 +7,8 @@
 #include <memory>
 
 #include "pageslice/text.h"
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -193,3 +196,5 @@ int nParseDecimal(const char* p, std::size_t nMax) noexcept {
     }
     return n == INT_MIN ? INT_MAX : static_cast<int>(-n);
 }
+
+} // namespace pageslice_v1

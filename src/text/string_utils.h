@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small routines on NUL-terminated strings and single characters. None keeps state. A null string counts as
 // the empty one, and nothing is written through it. They are kept as a set, whichever of them the library
 // calls.
@@ -6,12 +7,14 @@
 
 #include <cstddef>
 
+inline namespace pageslice_v1 {
+
 // Letters are ASCII letters only, so that no locale and no byte from 0x80 up can change an answer.
 inline bool bIsAsciiLetter(char c) noexcept {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-inline char nFoldAscii(char c) noexcept {
+constexpr char nFoldAscii(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
@@ -63,5 +66,7 @@ int nNumHostLevels(const char* url) noexcept;
 
 // The decimal number at p as text::ConvertToInt reads it, looking at nMax characters at most.
 int nParseDecimal(const char* p, std::size_t nMax) noexcept;
+
+} // namespace pageslice_v1
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/text.h"
 
 #include <algorithm>
@@ -9,8 +10,29 @@
 
 #include "text/byte_count.h"
 #include "text/string_utils.h"
+#include "text/word_table.h"
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 namespace {
+
+// What closes a word when it is looked up, so that NULs after it do not pass for the zeros after a shorter
+// one.
+constexpr char ALIGN_MARK = '=';
+
+constexpr auto MakeAlignWords() noexcept {
+    Keywords<6> words;
+    words.Add("top", ALIGN_MARK, ALIGN_TOP);
+    words.Add("middle", ALIGN_MARK, ALIGN_MIDDLE);
+    words.Add("bottom", ALIGN_MARK, ALIGN_BOTTOM);
+    words.Add("left", ALIGN_MARK, ALIGN_LEFT);
+    words.Add("right", ALIGN_MARK, ALIGN_RIGHT);
+    words.Add("center", ALIGN_MARK, ALIGN_CENTER);
+    return words;
+}
+constexpr WordTable<4> ALIGN_TABLE(MakeAlignWords());
 
 std::uintptr_t nAddress(const char* p) noexcept {
     return reinterpret_cast<std::uintptr_t>(p);
@@ -125,21 +147,12 @@ char* text::pMakeCopy() const {
 }
 
 align text::ConvertToAlign() const noexcept {
-    struct Word {
-        const char* pWord;
-        int nLength;
-        align value;
-    };
-    static constexpr Word WORDS[] = {{"top", 3, ALIGN_TOP},       {"left", 4, ALIGN_LEFT},
-                                     {"right", 5, ALIGN_RIGHT},   {"center", 6, ALIGN_CENTER},
-                                     {"middle", 6, ALIGN_MIDDLE}, {"bottom", 6, ALIGN_BOTTOM}};
-    const int n = GetLength();
-    for (const Word& word : WORDS) {
-        if (word.nLength == n && nStrNICmp(m_pStart, word.pWord, static_cast<unsigned>(n)) == 0) {
-            return word.value;
-        }
+    const std::size_t n = nByteCount(*this);
+    if (n >= WORD_SIZE) {
+        return ALIGN_UNKNOWN;
     }
-    return ALIGN_UNKNOWN;
+    const std::uint64_t nWord = nLoadWord(m_pStart, n) | std::uint64_t{ALIGN_MARK} << (8 * n);
+    return static_cast<align>(ALIGN_TABLE.nFind(nWord, ALIGN_UNKNOWN));
 }
 
 int text::ConvertToInt() const noexcept {
@@ -150,3 +163,5 @@ void text::PrintDebug() const {
     std::printf("m_pStart = %d", static_cast<int>(nAddress(m_pStart)));
     std::printf(" m_pEnd = %d\n", static_cast<int>(nAddress(m_pEnd)));
 }
+
+} // namespace pageslice_v1

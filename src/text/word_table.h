@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keyword look-up by arithmetic: a word of up to eight characters is one number, and a table answers with
 // one multiplication and one comparison.
 #ifndef PAGESLICE_TEXT_WORD_TABLE_H
@@ -8,11 +9,13 @@
 
 #include "platform/bits.h"
 
+namespace pageslice {
+
 constexpr std::size_t WORD_SIZE = 8;
 constexpr std::uint64_t WORD_EACH_BYTE = 0x0101010101010101;
 constexpr std::uint64_t WORD_LETTER_BITS = WORD_EACH_BYTE * 0x40; // set in every ASCII letter
 
-// The first n bytes at p, at most eight of them; the first in the lowest bits, zeros behind the last.
+// The first n bytes at p, at most eight of them; the first in the lowest bits, zeros after the last.
 inline std::uint64_t nLoadWord(const char* p, std::size_t n) noexcept {
     const auto nByte = [p](std::size_t i) {
         return std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i);
@@ -46,20 +49,57 @@ inline std::size_t nCountLetters(std::uint64_t nWord) noexcept {
     return nLowestBitOrAny(~nWord & WORD_LETTER_BITS) / 8;
 }
 
-// Codes of keywords of small letters, which may begin and end in a character without the letters' bit. They
-// are found whatever the case of a word.
+constexpr std::size_t nWordLength(const char* pWord) noexcept {
+    std::size_t n = 0;
+    while (pWord[n] != '\0') {
+        ++n;
+    }
+    return n;
+}
+
+// Keywords of small letters and their codes. They may begin and end in a character without the letters' bit.
+template <std::size_t MOST>
+class Keywords {
+public:
+    constexpr void Add(const char* pWord, char cEnd, int nCode) noexcept { Add('\0', pWord, cEnd, nCode); }
+    // With a character before the word; NUL for none.
+    constexpr void Add(char cBefore, const char* pWord, char cEnd, int nCode) noexcept {
+        Keyword keyword{0, nCode};
+        std::size_t n = 0;
+        if (cBefore != '\0') {
+            keyword.Put(cBefore, n++);
+        }
+        for (; *pWord != '\0'; ++pWord) {
+            keyword.Put(*pWord, n++);
+        }
+        keyword.Put(cEnd, n);
+        m_keywords[m_nCount++] = keyword;
+    }
+
+    struct Keyword {
+        constexpr void Put(char c, std::size_t i) noexcept {
+            nWord |= std::uint64_t{static_cast<unsigned char>(c)} << (8 * i);
+        }
+
+        std::uint64_t nWord = 0;
+        int nCode = 0;
+    };
+    constexpr const Keyword* begin() const noexcept { return m_keywords; }
+    constexpr const Keyword* end() const noexcept { return m_keywords + m_nCount; }
+
+private:
+    Keyword m_keywords[MOST] = {};
+    std::size_t m_nCount = 0;
+};
+
+// Finds the code of a keyword, whatever the word's case.
 template <unsigned SLOT_BITS>
 class WordTable {
 public:
-    struct Entry {
-        const char* pWord;
-        int nCode;
-    };
-
-    template <std::size_t N>
-    constexpr explicit WordTable(const Entry (&entries)[N]) noexcept {
+    template <std::size_t MOST>
+    constexpr explicit WordTable(const Keywords<MOST>& keywords) noexcept {
         // Multipliers are tried until no two keywords share a slot.
-        for (m_nMultiplier = 0x9E3779B97F4A7C15; !bFill(entries); m_nMultiplier += 0x2545F4914F6CDD1E) {
+        for (m_nMultiplier = 0x9E3779B97F4A7C15; !bFill(keywords); m_nMultiplier += 0x2545F4914F6CDD1E) {
         }
     }
 
@@ -90,21 +130,17 @@ private:
         return static_cast<std::size_t>((nWord * m_nMultiplier) >> (64 - SLOT_BITS));
     }
 
-    template <std::size_t N>
-    constexpr bool bFill(const Entry (&entries)[N]) noexcept {
+    template <std::size_t MOST>
+    constexpr bool bFill(const Keywords<MOST>& keywords) noexcept {
         for (Slot& slot : m_slots) {
             slot = {NO_WORD, 0};
         }
-        for (const Entry& entry : entries) {
-            std::uint64_t nWord = 0;
-            for (std::size_t i = 0; entry.pWord[i] != '\0'; ++i) {
-                nWord |= std::uint64_t{static_cast<unsigned char>(entry.pWord[i])} << (8 * i);
-            }
-            Slot& slot = m_slots[nSlotOf(nWord)];
+        for (const auto& keyword : keywords) {
+            Slot& slot = m_slots[nSlotOf(keyword.nWord)];
             if (slot.nWord != NO_WORD) {
                 return false;
             }
-            slot = {nWord, entry.nCode};
+            slot = {keyword.nWord, keyword.nCode};
         }
         return true;
     }
@@ -112,5 +148,7 @@ private:
     std::uint64_t m_nMultiplier = 0;
     Slot m_slots[std::size_t{1} << SLOT_BITS] = {};
 };
+
+} // namespace pageslice
 
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole URLs: where the path begins, the canonical form, resolution and comparison.
 #include "pageslice/url.h"
 
@@ -9,6 +10,8 @@
 
 #include "text/char_tables.h"
 #include "text/string_utils.h"
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -234,3 +237,5 @@ int url::nGetImageType(const char* pUrl) noexcept {
 int url::nGetImageType() const noexcept {
     return nGetImageType(static_cast<const text&>(*this));
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/url.h"
 
 #include <cstddef>
@@ -9,6 +10,10 @@
 #include "platform/afx_parse_url.h"
 #include "text/byte_count.h"
 #include "url/bounded_length.h"
+
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
 
 namespace {
 
@@ -65,19 +70,19 @@ text url::tGetHostName(const text& tUrl) noexcept {
     return {pHost, pEnd - 1, 0};
 }
 
-void url::tGetHostName(const text& tUrl, CString& host) {
+void url::tGetHostName(const text& tUrl, std::string& host) {
     const std::unique_ptr<char[]> pCopy(tUrl.pMakeCopy());
     if (pCopy == nullptr) {
         return;
     }
     std::uint32_t nServiceType = 0;
-    CString object;
+    std::string object;
     std::uint16_t nPort = 0;
     AfxParseURL(pCopy.get(), nServiceType, host, object, nPort);
 }
 
 text url::tGetDomainName(const text& tUrl) {
-    CString host;
+    std::string host;
     tGetHostName(tUrl, host);
     if (host.empty()) {
         return {};
@@ -146,3 +151,5 @@ text url::tGetFileTitle(const char* pUrl) noexcept {
 text url::tGetFileTitle() const noexcept {
     return tGetFileTitle(static_cast<const text&>(*this));
 }
+
+} // namespace pageslice_v1

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pageslice/url_list.h"
 
 #include <cstring>
@@ -6,12 +7,16 @@
 #include "scan/primitives.h"
 #include "url/bounded_length.h"
 
+inline namespace pageslice_v1 {
+
+using namespace pageslice;
+
 namespace {
 
 // Adds an entry of nPadded bytes, the last nPadded - nCharacters of them zero, and its NUL.
 int bAddEntry(UrlList& list, const char* p, std::size_t nCharacters, std::size_t nPadded) noexcept {
-    // Behind the last byte there is no room for the empty entry either. Room is measured rather than added
-    // up, because the cursor plus a hostile length may lie behind the address space.
+    // After the last byte there is no room for the empty entry either. Room is measured rather than added
+    // up, because the cursor plus a hostile length may lie after the address space.
     if (list.m_pBuffer == nullptr || list.m_pCursor > list.m_pLast ||
         nPadded > static_cast<std::size_t>(list.m_pLast - list.m_pCursor)) {
         return 0;
@@ -26,6 +31,22 @@ int bAddEntry(UrlList& list, const char* p, std::size_t nCharacters, std::size_t
 }
 
 } // namespace
+
+void* UrlList::operator new(std::size_t nSize) {
+    return ::operator new(nSize);
+}
+
+void* UrlList::operator new(std::size_t nSize, const std::nothrow_t& noThrow) noexcept {
+    return ::operator new(nSize, noThrow);
+}
+
+void UrlList::operator delete(void* pList) noexcept {
+    ::operator delete(pList);
+}
+
+void UrlList::operator delete(void* pList, const std::nothrow_t& noThrow) noexcept {
+    ::operator delete(pList, noThrow);
+}
 
 UrlList::UrlList(int nSize) : m_pBuffer(nullptr), m_pLast(nullptr), m_pCursor(nullptr) {
     Initialize(nSize);
@@ -103,5 +124,7 @@ void UrlList::Initialize(int nSize) {
     }
     m_pBuffer = m_pCursor = new char[static_cast<std::size_t>(nSize)];
     m_pLast = m_pBuffer + (nSize - 1);
-    Scan().Clear(m_pBuffer, m_pLast + 1);
+    Scan().ZeroFill(m_pBuffer, m_pLast + 1);
 }
+
+} // namespace pageslice_v1

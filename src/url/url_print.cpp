@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: MIT
 // How a URL prints itself into the sink: by the title of the file it names.
 #include "output/output_text.h"
 #include "pageslice/url.h"
+
+inline namespace pageslice_v1 {
 
 namespace {
 
@@ -38,3 +41,5 @@ int url::println(int nMode) const {
     OutputText console;
     return println(console, nMode);
 }
+
+} // namespace pageslice_v1
