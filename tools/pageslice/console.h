@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The three standard streams: what they are connected to, and what is said on standard error.
 #ifndef PAGESLICE_TOOLS_CONSOLE_H
 #define PAGESLICE_TOOLS_CONSOLE_H
@@ -5,25 +6,27 @@
 #include <chrono>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
-namespace pageslice {
+namespace program {
 
 // Messages and the progress line. Used by one thread at a time.
 class Console {
 public:
     // Puts the standard streams into binary mode: pages are bytes. Until the end, a Windows console takes
-    // UTF-8.
+    // UTF-8. There is one console at a time.
     Console();
     ~Console();
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
+    bool inputIsTerminal() const { return inTerminal; }
     bool outputIsTerminal() const { return outTerminal; }
-    // On a terminal, unless the environment says NO_COLOR.
+    // What "auto" means: on a terminal that knows them, unless the environment says NO_COLOR.
     bool colours() const { return outColours; }
 
-    // One line, "pageslice: what: why".
-    void error(const std::string& what, const std::string& why);
+    // One line, "pageslice: what: why", on which nothing acts that a name may hold. Takes no memory.
+    void error(std::string_view what, std::string_view why);
     bool hadErrors() const { return errors; }
     // Says how far the work is; only where standard error is a terminal that results do not go to. A total
     // of 0 is not known.
@@ -32,15 +35,15 @@ public:
 private:
     void clearProgress();
 
-    unsigned formerCodePage; // of the console; 0: nothing to restore
-    bool outTerminal;
-    bool outColours;
-    bool showsProgress;
+    bool inTerminal = false;
+    bool outTerminal = false;
+    bool outColours = false;
+    bool showsProgress = false;
     bool progressStands = false;
     bool errors = false;
     std::chrono::steady_clock::time_point lastProgress;
 };
 
-} // namespace pageslice
+} // namespace program
 
 #endif

@@ -1,12 +1,13 @@
+// SPDX-License-Identifier: MIT
 #include "display.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 
-#include "scan/tag_bounds.h"
+#include "runs.h"
 
-namespace pageslice {
+namespace program {
 namespace {
 
 constexpr char32_t REPLACEMENT = 0xFFFD;
@@ -54,12 +55,16 @@ bool isInlineTag(std::string_view tag) {
     return INLINE_TAGS.find(word + ' ') != std::string_view::npos;
 }
 
-// The tag that opens `bytes`, from '<' to '>'; empty where no '>' closes it.
+// The tag that opens `bytes`, from '<' to the '>' outside double quotes; empty where no '>' closes it.
 std::string_view tagAtStart(std::string_view bytes) {
-    const char* const pLast = bytes.data() + bytes.size() - 1;
-    const char* const pEnd = pFindTagEnd(bytes.data(), text(bytes.data(), pLast, 0));
-    return pEnd == nullptr ? std::string_view{}
-                           : bytes.substr(0, static_cast<std::size_t>(pEnd - bytes.data()) + 1);
+    bool quoted = false;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        quoted = quoted != (bytes[i] == '"');
+        if (bytes[i] == '>' && !quoted) {
+            return bytes.substr(0, i + 1);
+        }
+    }
+    return {};
 }
 
 } // namespace
@@ -87,6 +92,59 @@ Decoded decodeUtf8(std::string_view bytes) {
         return invalid;
     }
     return {c, size, true};
+}
+
+std::size_t brokenSize(std::string_view bytes) {
+    const auto byteAt = [bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    const unsigned lead = byteAt(0);
+    const std::size_t size = lead < 0xC2 || lead > 0xF4 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    std::size_t i = 1;
+    for (; i < size && i < bytes.size() && byteAt(i) >= low && byteAt(i) <= high; ++i) {
+        low = 0x80;
+        high = 0xBF;
+    }
+    return i;
+}
+
+bool isUnseen(char32_t c) {
+    const bool isControl = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    const bool isMark = c == 0x61C || (c >= 0x200E && c < 0x2010);
+    return isControl || isMark || (c >= 0x202A && c < 0x202F) || (c >= 0x2066 && c < 0x206A);
+}
+
+bool hasNoWidth(char32_t c) {
+    return c == 0xAD || (c >= 0x200B && c < 0x200E) || (c >= 0x2060 && c < 0x2065) || c == 0xFEFF;
+}
+
+void appendName(std::string& out, char32_t character) {
+    constexpr std::string_view HEX = "0123456789ABCDEF";
+    out += "⟨U+";
+    for (unsigned shift = character < 0x10000 ? 16 : 24; shift > 0;) {
+        shift -= 4;
+        out += HEX[(character >> shift) & 0xFU];
+    }
+    out += "⟩";
+}
+
+std::string withMarks(std::string_view utf8) {
+    std::string out;
+    while (!utf8.empty()) {
+        const std::size_t run = asciiRun(utf8);
+        out += utf8.substr(0, run);
+        utf8.remove_prefix(run);
+        if (!utf8.empty()) {
+            const Decoded decoded = decodeUtf8(utf8);
+            if (isUnseen(decoded.character)) {
+                appendName(out, decoded.character);
+            } else {
+                out += utf8.substr(0, decoded.size);
+            }
+            utf8.remove_prefix(decoded.size);
+        }
+    }
+    return out;
 }
 
 void appendUtf8(std::string& out, char32_t character) {
@@ -130,6 +188,14 @@ std::string legible(std::string_view bytes) {
     return out;
 }
 
+std::string shownName(std::string_view name) {
+    std::string out;
+    while (!name.empty()) {
+        name.remove_prefix(appendLegible(out, name));
+    }
+    return out;
+}
+
 std::string oneLine(std::string_view bytes, Markup markup, std::size_t limit) {
     std::string out;
     bool strip = markup == Markup::strip;
@@ -168,4 +234,4 @@ std::size_t countCharacters(std::string_view utf8) {
         utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
 }
 
-} // namespace pageslice
+} // namespace program

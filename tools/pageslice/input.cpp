@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "input.h"
 
 #include <algorithm>
@@ -8,16 +9,21 @@
 #include <fstream>
 #include <memory>
 #include <new>
-#include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
+#include "failure.h"
+
+#ifndef _WIN32
+#include <poll.h>
+#endif
 #ifdef __linux__
 #include <sys/resource.h>
 #endif
 #include <unistd.h>
 
-namespace pageslice {
+namespace program {
 namespace {
 
 constexpr std::size_t CHUNK = std::size_t{1} << 16;
@@ -32,8 +38,38 @@ struct Closer {
 using File = std::unique_ptr<std::FILE, Closer>;
 
 [[noreturn]] void fail(int code) {
-    throw std::runtime_error(std::generic_category().message(code));
+    throw Failure{std::generic_category().message(code)};
 }
+
+#ifdef __linux__
+// The lowest limit that a control group sets: the program's own one, and inside a container the root's.
+std::uintmax_t controlGroupMemory() {
+    std::ifstream groups("/proc/self/cgroup");
+    std::uintmax_t least = SIZE_MAX;
+    const auto look = [&least](const std::string& file) {
+        std::uintmax_t limit = 0;
+        if (std::ifstream(file) >> limit) { // "max" is no number
+            least = std::min(least, limit);
+        }
+    };
+    for (std::string line; std::getline(groups, line);) {
+        const std::size_t path = line.find(':', line.find(':') + 1) + 1;
+        const bool isSecond = line.compare(0, 3, "0::") == 0; // version
+        const bool isMemory = line.find(":memory:") != std::string::npos;
+        std::string group = isSecond || isMemory ? line.substr(path) : "/";
+        const std::string root = isSecond ? "/sys/fs/cgroup" : "/sys/fs/cgroup/memory";
+        const std::string name = isSecond ? "/memory.max" : "/memory.limit_in_bytes";
+        for (;; group.erase(group.rfind('/'))) { // each group keeps to those around it
+            std::string file = root;
+            look(file.append(group == "/" ? "" : group).append(name));
+            if (group.empty() || group == "/") {
+                break;
+            }
+        }
+    }
+    return least;
+}
+#endif
 
 // SIZE_MAX where nobody says.
 std::uintmax_t machineMemory() {
@@ -41,13 +77,18 @@ std::uintmax_t machineMemory() {
     return SIZE_MAX;
 #else
     const long pages = sysconf(_SC_PHYS_PAGES);
-    return pages > 0 ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(getpagesize())
-                     : SIZE_MAX;
+    const std::uintmax_t all =
+        pages > 0 ? static_cast<std::uintmax_t>(pages) * static_cast<std::uintmax_t>(getpagesize())
+                  : SIZE_MAX;
+#ifdef __linux__
+    return std::min(all, controlGroupMemory());
+#else
+    return all;
+#endif
 #endif
 }
 
-// Systems that hand out more memory than there is must not be taken at their word. Growing by doubling, the
-// old and the new buffer together stay within this too.
+// Systems that hand out more memory than there is must not be taken at their word.
 std::uintmax_t memoryForOnePage() {
     return machineMemory() / 2;
 }
@@ -75,20 +116,17 @@ std::uintmax_t sizeHint(const std::string& name) {
     return error ? 0 : size;
 }
 
-std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
-    const std::uintmax_t limit = memoryForOnePage();
+void readRest(std::FILE* pFile, std::uintmax_t expected, Bytes& bytes) {
+    static const std::uintmax_t limit = memoryForOnePage();
     if (expected > limit || expected > SIZE_MAX / 2) {
         throw std::bad_alloc();
     }
-    std::string bytes;
     // One byte more than expected, so that the first read already meets the end.
     for (std::size_t step = static_cast<std::size_t>(expected) + 1;; step = CHUNK) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + step);
-        const std::size_t got = std::fread(bytes.data() + before, 1, step, pFile);
-        bytes.resize(before + got);
+        const std::size_t got = std::fread(bytes.room(step), 1, step, pFile);
+        bytes.commit(got);
         if (got < step) {
-            return bytes;
+            return;
         }
         if (bytes.size() > limit) {
             throw std::bad_alloc();
@@ -97,18 +135,38 @@ std::string readRest(std::FILE* pFile, std::uintmax_t expected) {
 }
 
 // Adds a piece to a line, or drops the line.
-LineReader::Got append(std::string& line, std::string_view piece, std::size_t limit) {
+LineReader::Got append(Bytes& line, std::string_view piece, std::size_t limit) {
     auto trouble = LineReader::Got::tooLongLine;
     if (piece.size() <= limit - line.size()) {
         try {
-            line += piece;
+            line.append(piece);
             return LineReader::Got::line;
         } catch (const std::bad_alloc&) {
             trouble = LineReader::Got::tooLargeForMemory;
         }
     }
-    std::string().swap(line);
+    line.release();
     return trouble;
+}
+
+// Whether a read of standard input would give something at once.
+bool hasInput() {
+#ifdef _WIN32
+    return false; // nobody says so for all kinds of input
+#else
+    pollfd ready = {STDIN_FILENO, POLLIN, 0};
+    return poll(&ready, 1, 0) > 0;
+#endif
+}
+
+bool canTryAgain() {
+#ifndef _WIN32
+    if (errno == EAGAIN || errno == EWOULDBLOCK) { // whoever shares the pipe has made it so
+        pollfd ready = {STDIN_FILENO, POLLIN, 0};
+        return poll(&ready, 1, -1) >= 0 || errno == EINTR;
+    }
+#endif
+    return errno == EINTR;
 }
 
 } // namespace
@@ -152,24 +210,25 @@ std::size_t threadsThatFit(std::size_t wanted) {
     return wanted;
 }
 
-std::string readAll(const std::string& name) {
+void readAll(const std::string& name, Bytes& bytes) {
+    bytes.clear();
     try {
         const File file = name == "-" ? File(stdin) : open(pathOf(name));
-        std::string bytes = readRest(file.get(), sizeHint(name));
+        readRest(file.get(), sizeHint(name), bytes);
         if (std::ferror(file.get()) != 0) {
             fail(errno);
         }
-        return bytes;
     } catch (const std::bad_alloc&) {
-        throw std::runtime_error("Too large to hold in memory");
+        bytes.release();
+        throw Failure{NO_MEMORY};
     }
 }
 
-LineReader::LineReader() {
-    buffer.reserve(CHUNK);
+LineReader::LineReader(std::function<void(bool)> setWaiting) : tellWaiting(std::move(setWaiting)) {
+    buffer.room(CHUNK);
 }
 
-LineReader::Got LineReader::next(std::string& line, std::size_t limit) {
+LineReader::Got LineReader::next(Bytes& line, std::size_t limit) {
     line.clear();
     for (Got got = Got::nothing;;) {
         if (used == buffer.size()) {
@@ -178,9 +237,9 @@ LineReader::Got LineReader::next(std::string& line, std::size_t limit) {
         if (buffer.empty()) {
             return got;
         }
-        const std::size_t end = std::min(buffer.find('\n', used), buffer.size());
+        const std::size_t end = std::min(buffer.view().find('\n', used), buffer.size());
         if (got == Got::nothing || got == Got::line) {
-            got = append(line, std::string_view(buffer).substr(used, end - used), limit);
+            got = append(line, buffer.view().substr(used, end - used), limit);
         }
         used = std::min(end + 1, buffer.size());
         if (end != buffer.size()) {
@@ -190,11 +249,21 @@ LineReader::Got LineReader::next(std::string& line, std::size_t limit) {
 }
 
 void LineReader::fill() {
-    buffer.resize(CHUNK);
-    const auto got = read(STDIN_FILENO, buffer.data(), CHUNK);
-    hasFailed = got < 0;
-    buffer.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    buffer.clear();
     used = 0;
+    const bool waits = !hasInput();
+    if (waits) {
+        tellWaiting(true);
+    }
+    std::ptrdiff_t got = 0;
+    do {
+        got = read(STDIN_FILENO, buffer.room(CHUNK), CHUNK);
+    } while (got < 0 && canTryAgain());
+    if (waits) {
+        tellWaiting(false);
+    }
+    hasFailed = got < 0;
+    buffer.commit(got > 0 ? static_cast<std::size_t>(got) : 0);
 }
 
-} // namespace pageslice
+} // namespace program

@@ -1,8 +1,12 @@
+// SPDX-License-Identifier: MIT
 // pageslice: shows what HTML pages hold.
-#include <iostream>
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+#include <system_error>
 
 #ifdef _WIN32
-#include <string>
 #include <vector>
 
 #include <windows.h>
@@ -12,30 +16,50 @@
 #include "console.h"
 #include "input.h"
 #include "options.h"
+#include "output.h"
+
+using namespace program;
 
 namespace {
 
-int run(int argc, char** argv) {
-    using namespace pageslice;
+bool wantsColours(const Options& options, const Console& console) {
+    return options.color == "always" || (options.color == "auto" && console.colours());
+}
+
+int work(int argc, char** argv, Console& console, Output& output) {
     Options options;
-    if (const auto code = parseOptions(argc, argv, options)) {
-        return *code;
+    const std::optional<int> code = parseOptions(argc, argv, console, output, options);
+    if (!code) {
+        limitMemory();
+        options.toTerminal = console.outputIsTerminal();
+        options.colours = wantsColours(options, console);
+        output.setAwaited(options.toTerminal);
+        if (options.stream) {
+            printStream(options, console, output);
+        } else if (!options.annotated.empty()) {
+            annotateFile(options, console, output);
+        } else {
+            printFiles(options, console, output);
+        }
     }
-    limitMemory();
-    Console console;
-    options.toTerminal = console.outputIsTerminal();
-    options.colours = console.colours();
-    if (options.stream) {
-        printStream(options, console);
-    } else if (!options.annotated.empty()) {
-        annotateFile(options, console);
-    } else {
-        printFiles(options, console);
+    if (!output.flush()) {
+        console.error("standard output", std::generic_category().message(output.failure()));
     }
-    if (!std::cout.flush()) {
-        console.error("standard output", "Cannot be written");
+    return console.hadErrors() ? EXIT_SOME_FAILED : code.value_or(EXIT_ALL_WELL);
+}
+
+// Whatever memory there is, the program ends with a word.
+int run(int argc, char** argv) {
+    static Output output;
+    try {
+        Console console;
+        return work(argc, argv, console, output);
+    } catch (const std::exception&) {
+        static constexpr char SAID[] = "pageslice: Too little memory\n";
+        static_cast<void>(std::fputs(SAID, stderr));
+        output.flush();
+        return EXIT_SOME_FAILED;
     }
-    return console.hadErrors() ? EXIT_SOME_FAILED : EXIT_ALL_WELL;
 }
 
 } // namespace
@@ -53,6 +77,11 @@ std::string utf8Of(const wchar_t* pWide) {
 }
 
 } // namespace
+
+// Has the start-up code expand *.html, which no shell does there.
+extern "C" {
+int _dowildcard = -1;
+}
 
 // The narrow form of the arguments could not name files outside the system's code page.
 extern "C" int wmain(int argc, wchar_t** argv) {

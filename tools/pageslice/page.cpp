@@ -1,108 +1,135 @@
+// SPDX-License-Identifier: MIT
 #include "page.h"
 
 #include <algorithm>
-#include <memory>
-#include <utility>
+#include <new>
+#include <optional>
 
-#include "output/output_text.h"
-#include "output/plain_text.h"
-#include "pageslice/html_parser.h"
-#include "parser/image_walk.h"
-#include "text/byte_count.h"
+#include "failure.h"
+#include "runs.h"
+#include "transcode.h"
 
-namespace pageslice {
+namespace program {
 namespace {
 
-Slice sliceOf(const text& t) {
-    return Slice(t.m_pStart, nByteCount(t));
+// What the index may take: the page itself, its report and this stay within eight times the page.
+pageslice::limits limitsFor(std::size_t pageSize) {
+    constexpr std::size_t FREE_BYTES = std::size_t{12} << 20;
+    pageslice::limits limits;
+    limits.index_bytes = FREE_BYTES + 5 * std::min(pageSize, SIZE_MAX / 8);
+    return limits;
 }
 
-text textOf(std::string_view bytes) {
-    return bytes.empty() ? text() : text(bytes.data(), bytes.data() + bytes.size() - 1, 0);
+void check(int code) {
+    switch (code) {
+    case PAGESLICE_OK: return;
+    case PAGESLICE_LIMIT: throw Failure{"Holds more than the memory for a page of its size can list"};
+    case PAGESLICE_TOO_LARGE: throw Failure{"Its plain text is too large"};
+    case PAGESLICE_BAD_ARGUMENT: throw Failure{"Cannot be read by these rules"};
+    default: throw std::bad_alloc();
+    }
 }
 
-// A NUL inside a URL ends it here, because the resolution works on C strings.
-std::string absolute(Slice written, const std::string& base) {
-    if (base.empty()) {
-        return {};
+// Pages in a row are mostly in one encoding. Each thread has one of its own.
+const Transcoder& transcoderFor(std::string_view encoding) {
+    struct Known {
+        std::string_view encoding;
+        Transcoder transcoder;
+    };
+    thread_local std::optional<Known> last;
+    if (!last || last->encoding != encoding) {
+        last.reset();
+        last.emplace(Known{encoding, Transcoder(encoding)});
     }
-    const std::unique_ptr<char[]> resolved(url::pResolveUrl(base.c_str(), std::string(written).c_str()));
-    return resolved.get();
-}
-
-// Opens the index, which the library keeps for classes derived from it.
-class PageReader : private HtmlParser {
-public:
-    explicit PageReader(Page& filled) : page(filled) {
-        Load(textOf(page.bytes), page.url.c_str(), 1);
-        page.title = keep(m_tTitle);
-        for (const auto& [anchor, linkText] : m_urlMap) {
-            const Slice href = sliceOf(anchor.m_urlHref);
-            page.links.push_back({href, keep(linkText), absolute(href, page.url)});
-        }
-        // The map has an order of its own; people read links in the page's.
-        std::sort(page.links.begin(), page.links.end(),
-                  [](const Link& a, const Link& b) { return a.href.data() < b.href.data(); });
-        for (const text& item : m_vListItems) {
-            page.items.push_back(keep(item));
-        }
-        for (const text& cell : m_vCellTexts) {
-            page.cells.push_back(keep(cell));
-        }
-        collectImages();
-    }
-
-    std::size_t sumOfTexts() const { return sum; }
-
-private:
-    Slice keep(const text& captured) {
-        const Slice slice = sliceOf(captured);
-        sum += slice.size();
-        return slice;
-    }
-
-    // The walk that GetUrlLists makes, for the places and the other attributes that its lists do not hold.
-    void collectImages() {
-        ImageWalk walk(m_tPage, m_imageTrail);
-        for (tag_img tag; walk.pNext(tag) != nullptr;) {
-            if (tag.m_urlSrc.IsEmpty() == 0) {
-                const Slice src = sliceOf(tag.m_urlSrc);
-                page.images.push_back(
-                    {src, sliceOf(tag.m_altText), tag.m_nWidth, tag.m_nHeight, absolute(src, page.url)});
-            }
-        }
-    }
-
-    Page& page;
-    std::size_t sum = 0;
-};
-
-std::string plainText(std::string_view bytes) {
-    std::string result(bytes.size() + 1, '\0');
-    OutputText sink;
-    sink.SetBufferUnfilled(result.data(), result.data() + bytes.size());
-    WritePlainText(textOf(bytes), sink);
-    result.resize(static_cast<std::size_t>(sink.m_pCurrent - sink.m_pBufStart)); // NULs of the page count
-    return result;
+    return last->transcoder;
 }
 
 } // namespace
 
-Page readPage(std::string file, std::string url, std::string_view bytes, bool withText) {
+Page::Page(const Source& source, std::string_view pageBytes) : from(source), html(pageBytes) {
+    open(from.encoding);
+    pageEncoding = found.encoding();
+    if (pageEncoding != "UTF-8") {
+        pTranscoder = &transcoderFor(pageEncoding);
+        if (!pTranscoder->hasAsciiMarkup()) {
+            converted = pTranscoder->utf8Page(html);
+            pTranscoder = nullptr;
+            html = converted;
+            open("UTF-8");
+        }
+    }
     constexpr std::size_t SHORT_TEXT = 80;
     constexpr std::size_t FREE_BYTES = std::size_t{1} << 20;
-    Page page;
-    page.file = std::move(file);
-    page.url = std::move(url);
-    page.bytes = bytes;
-    const PageReader reader(page);
-    if (withText) {
-        page.text = plainText(bytes);
+    if (sumOfTexts() / 8 > html.size() + FREE_BYTES) {
+        limit = SHORT_TEXT;
     }
-    if (reader.sumOfTexts() / 8 > bytes.size() + FREE_BYTES) {
-        page.textLimit = SHORT_TEXT;
-    }
-    return page;
 }
 
-} // namespace pageslice
+void Page::open(std::string_view encodingName) {
+    pageslice::options options;
+    options.rules = from.rules;
+    options.url = from.url.empty() ? std::string_view() : from.url;
+    options.encoding = encodingName;
+    options.limits = limitsFor(html.size());
+    check(pageslice::page::open(html, options, found));
+}
+
+std::size_t Page::countImages() const {
+    const auto all = images();
+    return isStandard() ? all.size() : found.image_urls().size();
+}
+
+Slice Page::utf8(Slice slice, std::string& scratch) const {
+    if (pTranscoder == nullptr || asciiRun(slice) == slice.size()) {
+        return slice;
+    }
+    scratch = pTranscoder->utf8(slice);
+    return scratch;
+}
+
+Slice Page::plain(Slice slice, std::string& scratch) const {
+    std::string other;
+    const Slice text = utf8(slice, other);
+    check(found.plain_text_into(scratch, text));
+    return scratch;
+}
+
+bool Page::absolute(Slice written, std::string& result) const {
+    std::string scratch;
+    const int code = hasUrls() ? found.absolute_into(result, utf8(written, scratch)) : PAGESLICE_NOT_A_URL;
+    if (code == PAGESLICE_NO_MEMORY) {
+        throw std::bad_alloc();
+    }
+    return code == PAGESLICE_OK;
+}
+
+const Image& Page::imageIn(Slice slice) const {
+    if (sources.empty()) {
+        for (const Slice source : found.image_urls()) {
+            sources.push_back(source.data());
+        }
+    }
+    const auto source = std::lower_bound(sources.begin(), sources.end(), slice.data());
+    if (source == sources.end() || *source >= slice.data() + slice.size()) {
+        lastImage = {};
+    } else if (lastImage.src.data() != *source) {
+        const auto startsBefore = [&](const Image& image) { return image.element.data() < *source; };
+        lastImage = *(std::partition_point(images().begin(), images().end(), startsBefore) - 1);
+    }
+    return lastImage;
+}
+
+std::size_t Page::sumOfTexts() const {
+    std::size_t sum = title().size();
+    const auto add = [&sum](const auto& elements) {
+        for (const auto& element : elements) {
+            sum += element.text.size();
+        }
+    };
+    add(links());
+    add(items());
+    add(cells());
+    return sum;
+}
+
+} // namespace program
