@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scanners and the record parses, from positions all over a page.
 #include <cstdint>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One page through all that a host can do with it, the debug dumps included. The dumps and what else the
 // console gets are of no interest; the target's own messages go to standard error.
 #include <cstdint>
@@ -18,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) 
     parser.InitializeHtmlFile();
     char buffer[100];
     OutputText bounded(buffer, buffer + sizeof buffer - 1);
-    WritePlainText(tPage, bounded); // as much as fits
+    pageslice::WritePlainText(tPage, bounded); // as much as fits
     const std::string plain = invariants::ReferenceOf(tPage).PlainText().substr(0, sizeof buffer - 1);
     invariants::Require(std::string(buffer, bounded.m_pCurrent) == plain, "the plain text in a short buffer");
     OutputText console;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Commands, one a line, for a URL list or a sink, each beside a model that keeps the whole buffer. The first
 // line's length is the size, its first character the choice.
 #include "fuzz/invariants.h"

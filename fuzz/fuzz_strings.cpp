@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The string utilities on two strings and a number, one line each, beside what the standard library gives.
 #include "fuzz/invariants.h"
 #include "fuzz/lines.h"

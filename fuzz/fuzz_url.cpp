@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The URL routines on two URLs, one line each. The canonical form of a canonical form is always itself:
 // what a removal leaves behind never makes another scheme, host or root of the rest.
 #include "fuzz/invariants.h"

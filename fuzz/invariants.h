@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What holds for every page, stated once for the stress test and the fuzz targets. The library's answers are
 // written out as text, positions as offsets from the page's first character, and so are those of the
 // reference; the two texts must be equal. What does not hold is thrown as std::logic_error.
@@ -12,8 +13,8 @@
 #include <string>
 
 #include "fuzz/reference.h"
+#include "fuzz/scans.h"
 #include "pageslice/pageslice.h"
-#include "scan/primitives.h"
 #include "scan/tag_bounds.h"
 #include "tags/tag_img.h"
 
@@ -108,14 +109,6 @@ private:
     text m_tPage;
     std::string m_text;
 };
-
-inline const char* const SCANS[] = {"portable", "sse2", "avx2", "avx512"};
-
-// One of the scan implementations; the current one stays where build or processor lack it.
-inline void Use(const char* pScan) {
-    if (const ScanPrimitives* pPrimitives = pFindScan(pScan))
-        UseScan(*pPrimitives);
-}
 
 // A fuzz input as a page, where it lies: the fuzzer hands out memory of exactly that size. The size chooses
 // the scan, so that all of them are fuzzed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fuzz input as lines, and strings in memory of exactly their size.
 #ifndef PAGESLICE_FUZZ_LINES_H
 #define PAGESLICE_FUZZ_LINES_H

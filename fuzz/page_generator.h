@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pages from a seed. Each page is made of a few pieces drawn from the tables below, so that some pages are
 // all quotes, some all list items, and some nearly sensible. A seed gives the same pages on every machine.
 #ifndef PAGESLICE_FUZZ_PAGE_GENERATOR_H
@@ -12,8 +13,8 @@
 
 class PageGenerator {
 public:
-    explicit PageGenerator(unsigned nSeed) : m_random(nSeed) {
-        std::istringstream table(PIECES);
+    explicit PageGenerator(unsigned nSeed, const char* pPieces = PIECES) : m_random(nSeed) {
+        std::istringstream table(pPieces);
         for (std::string piece; std::getline(table, piece, '|');)
             m_pieces.push_back(piece);
     }

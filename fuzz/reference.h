@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rules of the library a second time, as plainly as they can be written: one byte at a time, nothing
 // remembered between two looks, quadratic where that is shorter. The library is compared with this model on
 // generated pages, so it shares no line with it.

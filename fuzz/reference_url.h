@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The canonical form of a URL a second time, one rule after the other on a string that shrinks with every
 // removal: quadratic, and short enough to be compared with the rules by eye. The library does the same in
 // one pass and shares no line with it.

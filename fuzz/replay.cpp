@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs the stored inputs of a target, fenced, as an ordinary program. The argument is their folder.
 #include <cstdint>
 #include <cstdio>
