@@ -1,25 +1,37 @@
+// SPDX-License-Identifier: MIT
 // What happens when memory runs out. The global allocation operators are replaced, hence a program of its
 // own: each operation runs with its first allocation failing, then its second, and so on until it gets
 // through.
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <new>
 #include <utility>
 
 #include "page_fixture.h"
 #include "pageslice/page.h"
+#include "pageslice/tokens_c.h"
 #include "text/string_utils.h"
+#include "url/standard_url.h"
 
 namespace {
 
 long g_nLive = 0;         // arrays and objects not yet released
+std::size_t g_nBytes = 0; // in them
+std::size_t g_nPeak = 0;  // of g_nBytes
 long g_nUntilFailure = 0; // 1: the next allocation fails; 0: none does
+
+constexpr std::size_t HEADER = 16; // holds a block's size
 
 void* pAllocate(std::size_t n) noexcept {
     if (g_nUntilFailure > 0 && --g_nUntilFailure == 0)
         return nullptr;
     ++g_nLive;
-    return std::malloc(n + 1);
+    g_nPeak = std::max(g_nPeak, g_nBytes += n);
+    char* const p = static_cast<char*>(std::malloc(n + HEADER));
+    std::memcpy(p, &n, sizeof n);
+    return p + HEADER;
 }
 
 void* pAllocateOrThrow(std::size_t n) {
@@ -28,8 +40,14 @@ void* pAllocateOrThrow(std::size_t n) {
 }
 
 void Release(void* p) noexcept {
-    g_nLive -= p != nullptr ? 1 : 0;
-    std::free(p);
+    if (p == nullptr)
+        return;
+    char* const pBlock = static_cast<char*>(p) - HEADER;
+    std::size_t n = 0;
+    std::memcpy(&n, pBlock, sizeof n);
+    g_nBytes -= n;
+    --g_nLive;
+    std::free(pBlock);
 }
 
 } // namespace
@@ -94,8 +112,6 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
     UrlList list(9);
     char* pNumber = new char[6]; // stays the caller's where it cannot be replaced
     char words[] = "a b ";
-    pageslice_page* pPage = nullptr;
-    ASSERT_EQ(pageslice_open("x", 1, nullptr, 0, &pPage), PAGESLICE_OK);
     const std::function<void()> operations[] = {
         [] { delete[] FULL.pMakeCopy(); },
         [] { delete[] pFormatNumber(1000, nullptr); },
@@ -109,18 +125,149 @@ TEST(Allocation, FailureThrowsAndLeaksNothing) {
         [] { url::tGetDomainName(text(ADDRESS)); },
         [] { delete[] url::pResolveUrl(ADDRESS, "../page.html"); },
         [] { pageslice::page(pageslice::to_view(FULL), ADDRESS); },
-        [] { pageslice::normalize(ADDRESS); },
-        [&] {
-            if (std::size_t n; pageslice_get_plain_text(pPage, nullptr, 0, &n) == PAGESLICE_NO_MEMORY)
-                throw std::bad_alloc();
-        },
-        [] { pageslice::resolve(ADDRESS, ADDRESS); },
-        [] { pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
+        [] { (void)pageslice::normalize(ADDRESS); },
+        [] { (void)pageslice::resolve(ADDRESS, ADDRESS); },
+        [] { (void)pageslice::resolve_standard(ADDRESS, ADDRESS); },
+        [] { (void)pageslice::decode(ADDRESS); },
+        [] { (void)pageslice::page(pageslice::to_view(FULL)).plain_text(); }};
     for (const auto& operation : operations)
         ExpectNoLeaks([&](const Fails& fails) { fails(operation); });
     delete[] pNumber;
-    pageslice_close(pPage);
     ExpectUsable(parser);
+}
+
+TEST(Allocation, CodesOfTheCInterface) {
+    constexpr std::size_t SIZE = sizeof ADDRESS - 1;
+    const std::string_view html = pageslice::to_view(FULL);
+    pageslice_page *pPage = nullptr, *pOpened = nullptr;
+    ASSERT_EQ(pageslice_open(html.data(), html.size(), ADDRESS, SIZE, &pPage), PAGESLICE_OK);
+    pageslice_options standard = {};
+    standard.rules = PAGESLICE_STANDARD;
+    standard.url = ADDRESS;
+    standard.url_size = SIZE;
+    pageslice_page* pStandard = nullptr;
+    ASSERT_EQ(pageslice_open_with(html.data(), html.size(), &standard, sizeof standard, &pStandard),
+              PAGESLICE_OK);
+    pageslice_tokens* pTokens = nullptr;
+    std::size_t n = 0;
+    const std::function<int()> calls[] = {
+        [&] { return pageslice_open_with(html.data(), html.size(), &standard, sizeof standard, &pOpened); },
+        [&] { return pageslice_get_plain_text(pStandard, nullptr, 0, &n); },
+        [&] { return pageslice_absolute(pStandard, "x", 1, nullptr, 0, &n); },
+        [&] {
+            const int nCode = pageslice_open_tokens(html.data(), html.size(), &pTokens);
+            n = pTokens != nullptr ? 1 : 0;
+            pageslice_close_tokens(std::exchange(pTokens, nullptr));
+            return nCode == PAGESLICE_OK ? PAGESLICE_TOO_SMALL : nCode; // as those that fill a buffer
+        },
+        [&] { return pageslice_open(html.data(), html.size(), ADDRESS, SIZE, &pOpened); },
+        [&] { return pageslice_open_with(html.data(), html.size(), nullptr, 0, &pOpened); },
+        [&] { return pageslice_get_plain_text(pPage, nullptr, 0, &n); },
+        [&] { return pageslice_get_plain_text_of(pPage, "<p>x", 4, nullptr, 0, &n); },
+        [&] { return pageslice_absolute(pPage, ADDRESS, SIZE, nullptr, 0, &n); },
+        [&] { return pageslice_decode(ADDRESS, SIZE, 1, nullptr, 0, &n); },
+        [&] { return pageslice_resolve_url(ADDRESS, SIZE, "x", 1, nullptr, 0, &n); },
+        [&] { return pageslice_resolve_standard_url(ADDRESS, SIZE, "x", 1, nullptr, 0, &n); },
+        [&] { return pageslice_normalize_url(ADDRESS, SIZE, nullptr, 0, &n); }};
+    for (const auto& call : calls) {
+        SCOPED_TRACE("call " + std::to_string(&call - calls));
+        ExpectNoLeaks([&](const Fails& fails) {
+            n = 0;
+            int nCode = 0;
+            const bool bFailed = fails([&] {
+                if ((nCode = call()) == PAGESLICE_NO_MEMORY)
+                    throw std::bad_alloc();
+            });
+            const bool bOpened = pOpened != nullptr;
+            pageslice_close(std::exchange(pOpened, nullptr));
+            EXPECT_EQ(nCode, bFailed ? PAGESLICE_NO_MEMORY : n > 0 ? PAGESLICE_TOO_SMALL : PAGESLICE_OK);
+            EXPECT_EQ(bOpened || n > 0, !bFailed);
+        });
+    }
+    pageslice_close(pPage);
+    pageslice_close(pStandard);
+}
+
+// A tag of so many attributes that reading them takes memory.
+TEST(Allocation, AttributesOfATag) {
+    std::string html = "<a";
+    for (int i = 0; i < 99; ++i)
+        html += " a" + std::to_string(i);
+    html += " a7=x>";
+    ExpectNoLeaks([&](const Fails& fails) {
+        pageslice_tokens* pTokens = nullptr;
+        pageslice_token token = {};
+        ASSERT_EQ(pageslice_open_tokens(html.data(), html.size(), &pTokens), PAGESLICE_OK);
+        ASSERT_EQ(pageslice_next_token(pTokens, &token, sizeof token), PAGESLICE_OK);
+        std::size_t nCount = 7;
+        const bool bFailed = fails([&] {
+            if (pageslice_read_attributes(pTokens, &nCount) == PAGESLICE_NO_MEMORY)
+                throw std::bad_alloc();
+        });
+        EXPECT_EQ(nCount, bFailed ? 7U : 99U);
+        EXPECT_EQ(pageslice_read_attributes(pTokens, &nCount), PAGESLICE_OK) << "once there is memory again";
+        EXPECT_EQ(nCount, 99U);
+        pageslice_close_tokens(pTokens);
+    });
+}
+
+// A map that cannot grow keeps its size, its order and all that it holds.
+TEST(Allocation, MapGrowsWholeOrNotAtAll) {
+    std::string page = "x";
+    for (char c = 'A'; c < 'A' + 33; ++c) // more than one growth
+        page += "<a href=" + std::string(1, c) + ">t</a>";
+    OpenParser parser(text(page.data(), page.data() + page.size() - 1, 0), nullptr);
+    parser.InitializeHtmlFile();
+    for (const std::size_t nRoom : {std::size_t{0}, std::size_t{16}, std::size_t{32}})
+        ExpectNoLeaks([&](const Fails& fails) {
+            UrlMap map;
+            for (std::size_t i = 0; i < nRoom; ++i)
+                map.Insert(parser.m_urlMap.Inserted(i).first, FULL);
+            const bool bFailed = fails([&] { map.Insert(parser.m_urlMap.Inserted(nRoom).first, FULL); });
+            EXPECT_EQ(map.size(), nRoom + (bFailed ? 0 : 1));
+            EXPECT_EQ(static_cast<std::size_t>(std::distance(map.begin(), map.end())), map.size());
+        });
+}
+
+// The floods that make the largest index for a page of their size.
+TEST(Allocation, LimitsBoundMemory) {
+    constexpr std::size_t MOST = 100000, HANDLE = 2000;
+    using pageslice::rules;
+    const std::pair<rules, std::string> rows[] = {{rules::classic, "<a href=b>c</a>"},
+                                                  {rules::classic, "<td>x</td>"},
+                                                  {rules::classic, "<img>"},
+                                                  {rules::classic, "<img src=a>"},
+                                                  {rules::classic, "<a title=\"x>y><img>"},
+                                                  {rules::classic, ">"},
+                                                  {rules::standard, "<a href>"},
+                                                  {rules::standard, "<td>"},
+                                                  {rules::standard, "<img>"},
+                                                  {rules::standard, "<img src>"},
+                                                  {rules::standard, "<li>"},
+                                                  {rules::standard, "<ul><li>"},
+                                                  {rules::standard, "<table><tr><td>"}};
+    for (const auto& [rules, piece] : rows) {
+        std::string html = "x<table>";
+        while (html.size() < 200000)
+            html += piece;
+        html += "<li>";
+        std::size_t nNeeded = 0;
+        for (const std::size_t nMost : {std::size_t{0}, MOST}) {
+            pageslice::options options;
+            options.rules = rules;
+            options.limits.index_bytes = nMost;
+            g_nPeak = g_nBytes;
+            const std::size_t nBefore = g_nBytes;
+            {
+                pageslice::page page;
+                const int nCode = pageslice::page::open(html, options, page);
+                EXPECT_EQ(nCode, nMost > 0 && nNeeded > nMost ? PAGESLICE_LIMIT : PAGESLICE_OK) << piece;
+            }
+            EXPECT_EQ(g_nBytes, nBefore);
+            nNeeded = g_nPeak - nBefore;
+            EXPECT_LE(nMost == 0 ? 0 : nNeeded, MOST + HANDLE) << piece;
+        }
+    }
 }
 
 TEST(Allocation, LoadKeepsOldOrNew) {
@@ -167,6 +314,21 @@ TEST(Allocation, FailureLeavesTheDocumentedResults) {
         delete pImages;
         delete pLinks;
         ExpectUsable(parser);
+    });
+}
+
+TEST(Allocation, StandardUrlStays) {
+    pageslice::standard_url base;
+    ASSERT_EQ(base.parse(ADDRESS), pageslice::url_result::ok);
+    ExpectNoLeaks([&](const Fails& fails) {
+        std::string out = "old";
+        const bool bFailed = fails([&] { static_cast<void>(base.resolve("other", out)); });
+        EXPECT_EQ(out, bFailed ? "old" : std::string(ADDRESS) + "other");
+    });
+    ExpectNoLeaks([&](const Fails& fails) {
+        pageslice::standard_url url = base;
+        const bool bFailed = fails([&] { static_cast<void>(url.parse("other", url)); });
+        EXPECT_EQ(url.href() == ADDRESS, bFailed);
     });
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The modern face, and through it the C interface below: once with the static library, once as a host sees
 // it.
 #include "pageslice/page.h"
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "pageslice/html_parser.h"
+#include "pageslice/text_view.h"
 
 namespace {
 
@@ -31,10 +33,17 @@ constexpr std::string_view HTML =
     "<img src=s.gif lowsrc=l.gif alt=A usemap=#m width=1 height=2 border=3 hspace=4 vspace=5 align=right "
     "ismap>";
 
-std::string joined(const auto& views) {
+std::string_view text_of(std::string_view view) {
+    return view;
+}
+std::string_view text_of(const auto& element) {
+    return element.text;
+}
+
+std::string joined(const auto& elements) {
     std::ostringstream out;
-    for (const std::string_view view : views)
-        out << (view.data() == nullptr ? "-" : view) << ' ';
+    for (const auto& element : elements)
+        out << (text_of(element).data() == nullptr ? "-" : text_of(element)) << ' ';
     return out.str();
 }
 
@@ -46,11 +55,12 @@ TEST(Face, EveryFieldComesFromItsPlace) {
     for (const pageslice::link& l : p.links())
         fields.insert(fields.end(), {l.href, l.text, l.name, l.rel, l.rev, l.title});
     EXPECT_EQ(joined(fields), "b.html B - - - - /a.html <b>A</b> N R V I ");
+    EXPECT_EQ(joined(p.links_in_page_order()), "<b>A</b> B ");
     std::ostringstream images;
     for (const pageslice::image& i : p.images())
         images << joined(std::vector{i.src, i.lowsrc, i.alt, i.usemap}) << i.width << ' ' << i.height << ' '
-               << i.border << ' ' << i.hspace << ' ' << i.vspace << ' ' << i.alignment << ' ' << i.is_map
-               << '\n';
+               << i.border << ' ' << i.hspace << ' ' << i.vspace << ' ' << static_cast<int>(i.alignment)
+               << ' ' << i.is_map << '\n';
     EXPECT_EQ(images.str(), "- - none - -1 -1 -1 -1 -1 0 0\ns.gif l.gif A #m 1 2 3 4 5 5 1\n");
     EXPECT_EQ(joined(p.cells()) + joined(p.list_items()) + joined(p.link_urls()) + joined(p.image_urls()),
               "1 2 x y b.html /a.html s.gif ");
@@ -102,18 +112,59 @@ TEST(Face, AgreesWithTheClassesOnEverySample) {
     EXPECT_GT(samples, 3);
 }
 
+TEST(Face, OptionsAndWhatTheyChange) {
+    pageslice::options options;
+    options.url = "http://h/d/";
+    options.encoding = "latin1";
+    const page p(HTML, options);
+    EXPECT_EQ(p.absolute("x"), "http://h/d/x");
+    EXPECT_EQ(p.encoding(), "windows-1252");
+    EXPECT_EQ(page("\xEF\xBB\xBFx", options).encoding(), "UTF-8");
+    EXPECT_EQ(p.links()[1].element.substr(0, 16), "<a href=/a.html ");
+    EXPECT_EQ(p.images()[0].element, "<img alt=none>");
+    const page spaced(" <a href=''\n>x</a>");
+    EXPECT_EQ(spaced.links()[0].element, "<a href=''\n>");
+    EXPECT_EQ(p.plain_text(p.links()[1].text), "A ");
+    EXPECT_EQ(p.base().data(), nullptr);
+    EXPECT_EQ(pageslice::decode("&amp;&lt"), "&<");
+
+    page opened(HTML);
+    EXPECT_EQ(page::open({"", SIZE_MAX}, options, opened), PAGESLICE_BAD_ARGUMENT);
+    EXPECT_TRUE(opened.title().data() == nullptr && opened.links().empty());
+    EXPECT_EQ(page::open(HTML, options, opened), PAGESLICE_OK);
+    EXPECT_EQ(opened.title(), "T");
+    EXPECT_THROW(page(std::string_view("", SIZE_MAX)), std::invalid_argument);
+    options.limits.items = 1;
+    EXPECT_THROW(page(HTML, options), std::length_error);
+    EXPECT_EQ(page::open(HTML, options, opened), PAGESLICE_LIMIT);
+}
+
+TEST(Face, TellsHowFarThePageWasRead) {
+    const std::pair<std::string_view, std::size_t> rows[] = {{"", 0},
+                                                             {"a", 1},
+                                                             {"<b>x</b>", 8},
+                                                             {"<p></html> x", 12},
+                                                             {"<p></html> <a>", 11},
+                                                             {"x\"<a>", 5},
+                                                             {"x\"<i><b>", 5},
+                                                             {"<i><a title=\"<b>", 13},
+                                                             {"< a", 3}};
+    for (const auto& [html, read_to] : rows)
+        EXPECT_EQ(page(html).read_to(), read_to) << html;
+}
+
 TEST(Face, RangesServeAlgorithms) {
     const page p("<li>1</li><li>2</li><li>3</li><li>4</li>");
     const auto items = p.list_items();
-    EXPECT_EQ(std::find(items.begin(), items.end(), "3") - items.begin(), 2);
-    std::vector<std::string_view> back;
+    EXPECT_EQ(std::ranges::find(items, "3", &pageslice::item::text) - items.begin(), 2);
+    std::vector<pageslice::item> back;
     for (auto i = items.end(); i != items.begin();)
         back.push_back(*--i);
     EXPECT_EQ(joined(back), "4 3 2 1 ");
-    EXPECT_EQ(*std::ranges::lower_bound(items, "2"), "2");
+    EXPECT_EQ(std::ranges::lower_bound(items, "2", {}, &pageslice::item::text)->text, "2");
     auto i = items.begin();
-    EXPECT_EQ((i++)->size() + (i--)->size(), 2U);
-    EXPECT_TRUE(i == items.begin() && i[3] == "4" && *(1 + i) == "2" && i + 4 == items.end() &&
+    EXPECT_EQ((i++)->text.size() + (i--)->text.size(), 2U);
+    EXPECT_TRUE(i == items.begin() && i[3].text == "4" && (*(1 + i)).text == "2" && i + 4 == items.end() &&
                 i < items.end());
 }
 
@@ -124,7 +175,20 @@ TEST(Face, NothingGivesNothing) {
     const page empty{std::string_view()}, unclosed("<");
     for (const page* p : {&std::as_const(full), &empty, &unclosed})
         EXPECT_TRUE(p->title().data() == nullptr && p->url().data() == nullptr && p->links().empty() &&
-                    p->images().empty() && p->cells().empty() && p->plain_text().empty());
+                    p->images().empty() && p->cells().empty() && p->plain_text().empty() &&
+                    p->absolute("").empty());
+}
+
+TEST(Face, WhatIsNoUrlIsNoGuess) {
+    EXPECT_EQ(pageslice::resolve_standard("http://h/a?b", "c d"), "http://h/c%20d"); // longer than both
+    EXPECT_EQ(pageslice::resolve_standard({}, "http://h"), "http://h/");
+    std::string result = "old";
+    for (const auto& [base, url] :
+         {std::pair{std::string_view(), "a"}, {"a", "http://h/"}, {"http://h/", "http://["}}) {
+        EXPECT_EQ(pageslice::resolve_standard_into(result, base, url), PAGESLICE_NOT_A_URL)
+            << base << ' ' << url;
+        EXPECT_EQ(result + pageslice::resolve_standard(base, url), "");
+    }
 }
 
 TEST(Face, ViewsAndSlices) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page of characters beside memory that nobody may touch. The characters themselves can only be read, so
 // that a write into the host's page stops the test as surely as a read one byte outside it.
 #ifndef PAGESLICE_TESTS_FENCE_H

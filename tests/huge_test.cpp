@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pages around the largest int and above 4 GiB. Most of each are NULs, for which the system gives no memory.
 #include <sys/mman.h>
 

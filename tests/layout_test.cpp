@@ -1,12 +1,15 @@
+// SPDX-License-Identifier: MIT
 // The layouts that hosts were compiled against.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <vector>
 
 #include "output/alt_text.h"
 #include "pageslice/pageslice.h"
+#include "pageslice/tokens_c.h"
 #include "tags/tag_img.h"
 
 #pragma GCC diagnostic ignored "-Winvalid-offsetof" // all known compilers give the offsets of these classes
@@ -53,6 +56,60 @@ struct OpenList : UrlList {
     }
 };
 static_assert(OpenList::bHolds());
+
+// What hosts derive from, field by field; each record's size is pinned above, and a vector has three words.
+constexpr std::size_t V = 3 * P, TABLES = sizeof(tag_tr) + sizeof(tag_td) + sizeof(tag_table),
+                      MAP = TABLES + T + 2 * V, READY = MAP + sizeof(UrlMap),
+                      PAGE = READY + P + T + 2 * V + P;
+struct OpenParser : HtmlParser {
+    static constexpr bool bHolds() {
+        return bLaidOut<HtmlParser>(
+            {AT(OpenParser, m_tagTr), AT(OpenParser, m_tagTd), AT(OpenParser, m_tagTable),
+             AT(OpenParser, m_tTitle), AT(OpenParser, m_vCellTexts), AT(OpenParser, m_vListItems),
+             AT(OpenParser, m_urlMap), AT(OpenParser, m_bInitialized), AT(OpenParser, m_tPage),
+             AT(OpenParser, m_pUrl), AT(OpenParser, m_language)},
+            {0, sizeof(tag_tr), TABLES - sizeof(tag_table), TABLES, TABLES + T, TABLES + T + V, MAP, READY,
+             PAGE, PAGE + T, PAGE + T + P, PAGE + T + 2 * P});
+    }
+};
+static_assert(OpenParser::bHolds());
+
+// Walks over the map are compiled into hosts. An explicit instantiation may name what is private.
+template <class Node>
+struct NodeHolds {
+    static_assert(bLaidOut<Node>({AT(Node, pLink), AT(Node, nLinkLength), AT(Node, nPrevious),
+                                  AT(Node, nNext), AT(Node, nChild), AT(Node, bRed)},
+                                 {0, P, 2 * P, 2 * P + 4, 2 * P + 8, 2 * P + 16, 2 * P + 17}));
+};
+template struct NodeHolds<UrlMap::Node>;
+
+template <class Field, class Class>
+std::size_t nOffset(Field Class::*member) {
+    std::size_t n = 0;
+    std::memcpy(&n, &member, P);
+    return n;
+}
+std::vector<std::size_t> MapOffsets();
+template <auto... members>
+struct MapFields {
+    friend std::vector<std::size_t> MapOffsets() { return {nOffset(members)...}; }
+};
+template struct MapFields<&UrlMap::m_entries, &UrlMap::m_nodes, &UrlMap::m_nRoot, &UrlMap::m_nFirst,
+                          &UrlMap::m_bHasNuls, &UrlMap::m_nLinkBytes>;
+
+TEST(Layout, UrlMap) {
+    EXPECT_EQ(MapOffsets(), (std::vector<std::size_t>{0, V, 2 * V, 2 * V + 4, 2 * V + 8, 7 * P + 8}));
+    EXPECT_EQ(sizeof(UrlMap), 8 * P + 8);
+}
+
+static_assert(bLaidOut<pageslice_attribute>({AT(pageslice_attribute, name), AT(pageslice_attribute, value)},
+                                            {0, 2 * P, 4 * P}));
+static_assert(bLaidOut<pageslice_token>(
+    {AT(pageslice_token, bytes), AT(pageslice_token, name), AT(pageslice_token, text),
+     AT(pageslice_token, public_id), AT(pageslice_token, system_id), AT(pageslice_token, kind),
+     AT(pageslice_token, decoding), AT(pageslice_token, is_self_closing), AT(pageslice_token, is_foreign),
+     AT(pageslice_token, force_quirks)},
+    {0, 2 * P, 4 * P, 6 * P, 8 * P, 10 * P, 10 * P + 4, 10 * P + 8, 10 * P + 12, 10 * P + 16, 10 * P + 20}));
 
 // The slot that a pointer to a virtual member names: its first word is one more than the offset in the table.
 template <class Result, class Class, class... Arguments>

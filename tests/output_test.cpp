@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <functional>
 #include <map>
 
@@ -34,31 +35,33 @@ struct GuardedSink : OutputText {
 };
 
 TEST(OutputText, Operations) {
-    const std::map<char, std::function<int(OutputText&)>> operations = {
-        {'\n', [](OutputText& out) { return out.bPutLineEnd('\n'); }},
-        {'$', [](OutputText& out) { return out.bPutChar('\0'); }},
-        {'S', [](OutputText& out) { return out.bPutString("xyz"); }},
-        {'E', [](OutputText& out) { return out.bPutString(""); }},
-        {'R', [](OutputText& out) { return out.bPutWords("ab", 2); }},
-        {'Z', [](OutputText& out) { return out.bPutWords("ab", 0); }},
-        {'P', [](OutputText& out) { return out.bPadToWords(3); }},
-        {'N', [](OutputText& out) { return out.nNumWords(); }},
-        {'L', [](OutputText& out) { return out.bDropLast(); }},
-        {'T', [](OutputText& out) { return out.bTrimBrackets(); }},
-        {'F', [](OutputText& out) { return out.Fill('x'), out.GetLength(); }},
-        {'G', [](OutputText& out) { return out.Fill('['), out.GetLength(); }},
-        {'Y', [](OutputText& out) { return out.SyncCursor(), out.GetLength(); }},
-        {'B',
+    const std::map<std::string, std::function<int(OutputText&)>> operations = {
+        {"line", [](OutputText& out) { return out.bPutLineEnd('\n'); }},
+        {"NUL", [](OutputText& out) { return out.bPutChar('\0'); }},
+        {"xyz", [](OutputText& out) { return out.bPutString("xyz"); }},
+        {"nothing", [](OutputText& out) { return out.bPutString(""); }},
+        {"words", [](OutputText& out) { return out.bPutWords("ab", 2); }},
+        {"no-words", [](OutputText& out) { return out.bPutWords("ab", 0); }},
+        {"pad", [](OutputText& out) { return out.bPadToWords(3); }},
+        {"count", [](OutputText& out) { return out.nNumWords(); }},
+        {"drop", [](OutputText& out) { return out.bDropLast(); }},
+        {"trim", [](OutputText& out) { return out.bTrimBrackets(); }},
+        {"fill", [](OutputText& out) { return out.Fill('x'), out.GetLength(); }},
+        {"fill-[", [](OutputText& out) { return out.Fill('['), out.GetLength(); }},
+        {"sync", [](OutputText& out) { return out.SyncCursor(), out.GetLength(); }},
+        {"attach",
          [](OutputText& out) { return out.SetBuffer(out.m_pBufStart, out.m_pBufEnd), out.GetLength(); }}};
     RunCases("sinks", [&](const text& t) {
-        const std::string row = String(t);
-        GuardedSink out(std::stoul(row));
+        const auto parts = PartsOf(t);
+        GuardedSink out(std::stoul(parts[0]));
+        std::istringstream words(parts[1]);
         std::string results;
-        for (const char c : row.substr(row.find('|') + 1)) {
-            const auto found = operations.find(c);
-            results += std::to_string(found == operations.end() ? out.bPutChar(c) : found->second(out)) + ',';
+        for (std::string word; words >> word;) {
+            const auto found = operations.find(word);
+            results += std::to_string(found == operations.end() ? out.bPutChar(word[0]) : found->second(out));
+            results += words.eof() ? "" : " ";
         }
-        return results + ':' + out.Content();
+        return Joined(results, out.Content());
     });
 }
 
@@ -84,8 +87,8 @@ TEST(Text, Prints) {
             for (const bool bLine : {false, true}) {
                 GuardedSink out(std::stoul(String(row)));
                 out.bPutString("[a");
-                results += ' ' + std::to_string(bLine ? p->println(out) : p->print(out, 0));
-                results += out.Content();
+                results += '|' + std::to_string(bLine ? p->println(out) : p->print(out, 0));
+                results += ' ' + out.Content();
             }
         return results.erase(0, 1);
     });

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every page test goes through. Cases stand in cases.txt, one a line: a page and what is expected of
 // it. A page stands once right before and once right behind forbidden memory, and every slice handed out
 // for it is checked to lie inside it.
@@ -8,39 +9,95 @@
 
 #include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "fence.h"
+#include "fuzz/scans.h"
 #include "pageslice/pageslice.h"
+#include "pageslice/text_view.h"
 #include "tags/tag_img.h"
 
 inline std::string Unescaped(const std::string& s) {
     std::string result;
     for (std::size_t i = 0; i < s.size(); ++i) {
-        result += s[i] == '\\' ? static_cast<char>(std::stoi(s.substr(i + 1, 2), nullptr, 16)) : s[i];
-        i += s[i] == '\\' ? 2 : 0;
+        const char c = s[i] == '\\' ? s[++i] : '\0';
+        if (c == '\0')
+            result += s[i];
+        else if (c == '*' || c == '_')
+            result.append(70, c == '*' ? 'x' : ' ');
+        else
+            result += static_cast<char>(std::stoi(s.substr(i++, 2), nullptr, 16));
     }
     return result;
 }
 
-// Runs the cases of one section: answer(slice of the page) gives a string.
-template <class Answer>
-void RunCases(const std::string& section, Answer answer) {
+struct Row {
+    std::string line, input, expected;
+    bool bStays; // its answer hangs on where the page starts
+};
+
+inline std::vector<Row> RowsOf(const std::string& section) {
     std::ifstream in(PAGESLICE_CASES, std::ios::binary);
     std::string line;
-    int nCases = 0;
+    std::vector<Row> rows;
     while (std::getline(in, line) && line != "[" + section + "]")
         continue;
     while (std::getline(in, line) && !line.starts_with('[')) {
         const std::size_t nArrow = line.rfind(" =>");
         if (line.starts_with('#') || nArrow == std::string::npos)
             continue;
-        SCOPED_TRACE(line);
-        const std::string expected = Unescaped(line.substr(std::min(nArrow + 4, line.size())));
-        WithFences(Unescaped(line.substr(0, nArrow)), [&](const text& t) { EXPECT_EQ(answer(t), expected); });
-        ++nCases;
+        const bool bStays = line.starts_with('^');
+        rows.push_back({line, Unescaped(line.substr(bStays, nArrow - bStays)),
+                        Unescaped(line.substr(std::min(nArrow + 4, line.size()))), bStays});
     }
-    EXPECT_GT(nCases, 0) << "no cases in [" << section << "]";
+    EXPECT_FALSE(rows.empty()) << "no cases in [" << section << "]";
+    return rows;
+}
+
+// Runs the cases of one section: answer(slice of the page) gives a string.
+template <class Answer>
+void RunCases(const std::string& section, Answer answer) {
+    for (const Row& row : RowsOf(section)) {
+        SCOPED_TRACE(row.line);
+        WithFences(row.input, [&](const text& t) { EXPECT_EQ(answer(t), row.expected); });
+    }
+}
+
+// The same with every scan, and with spaces in front, which change no answer: as many as put each byte of the
+// row at each place of a block, and as many as put the row across the end of the first of the longest sweeps.
+template <class Answer>
+void RunPages(const std::string& section, Answer answer) {
+    constexpr std::size_t SWEPT = (4 + 8 + 16 + 32 + pageslice::SCAN_SWEEP_BLOCKS) * pageslice::SCAN_BLOCK;
+    RunCases(section, answer);
+    for (const Row& row : RowsOf(section)) {
+        const FencedPage fenced(std::string(SWEPT, ' ') + row.input, Fence::Behind);
+        const text all = fenced.Slice();
+        for (const char* const pScan : invariants::SCANS)
+            for (std::size_t i = 0; i <= pageslice::SCAN_BLOCK && invariants::Use(pScan); ++i) {
+                const std::size_t nSpaces = i < pageslice::SCAN_BLOCK ? i : SWEPT - row.input.size() / 2;
+                const text page(all.m_pStart + SWEPT - (row.bStays ? 0 : nSpaces), all.m_pEnd, 0);
+                ASSERT_EQ(answer(page), row.expected) << row.line << '\n'
+                                                      << pScan << ", " << nSpaces << " spaces in front";
+            }
+    }
+}
+
+// A test's answers, or a row's parts, with the bars between them.
+template <class... Parts>
+std::string Joined(const Parts&... parts) {
+    std::ostringstream out;
+    ((out << parts << '|'), ...);
+    return out.str().erase(out.str().size() - 1);
+}
+
+inline std::vector<std::string> PartsOf(const text& row) {
+    std::istringstream in(std::string(row.m_pStart, row.m_pEnd + 1) + '|');
+    std::vector<std::string> parts;
+    for (std::string part; std::getline(in, part, '|');)
+        parts.push_back(part);
+    return parts;
 }
 
 // A parser whose index and tag scanner a test may look at.

@@ -1,6 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "fuzz/invariants.h"
 #include "page_fixture.h"
+#include "parser/image_walk.h"
 
 namespace {
+
+using namespace std::string_literals;
 
 // A private member, reached through an explicit instantiation, where access is not checked.
 using ImageQuery = int (HtmlParser::*)(url&) const noexcept;
@@ -11,65 +16,130 @@ struct Reach {
 };
 template struct Reach<&HtmlParser::bIsImageInPage>;
 
-TEST(TagScanner, FindsAndIdentifiesNames) {
-    RunCases("tag names", [](const text& page) {
+TEST(TagScanner, Names) {
+    RunPages("tag names", [](const text& page) {
         const OpenParser parser(page, nullptr);
         const text tName = parser.tFindNextTagName(page.m_pStart);
-        return Chars(tName, page) + ' ' + std::to_string(parser.nIdentifyTagType(tName));
-    });
-    RunCases("a cell before the table's end", [](const text& page) {
-        const OpenParser parser(page, nullptr);
-        EXPECT_EQ(parser.bFindNextTagType(page.m_pStart, TAG_NONE, TAG_TITLE), 1);
-        return std::to_string(parser.bFindNextTagType(page.m_pStart, TAG_TD, TAG_END_TABLE));
+        return Joined(Chars(tName, page), parser.nIdentifyTagType(tName));
     });
     EXPECT_EQ(OpenParser().nIdentifyTagName(text()), TAG_UNKNOWN);
 }
 
-TEST(HtmlParser, Indexes) {
-    RunCases("index", [](const text& page) {
-        OpenParser parser;
-        EXPECT_TRUE(parser.Load(page, nullptr, 1) == 0 && parser.m_bInitialized == 1);
-        const std::string index = Index(parser);
-        parser.Clear();
-        EXPECT_TRUE(Index(parser).empty() && parser.m_bInitialized == 0);
-        parser.InitializeHtmlFile();
-        EXPECT_EQ(Index(parser), index);
-        return index;
+TEST(TagScanner, WalksToATag) {
+    RunPages("a cell before the table's end", [](const text& page) {
+        const OpenParser parser(page, nullptr);
+        EXPECT_EQ(parser.bFindNextTagType(page.m_pStart, TAG_NONE, TAG_TITLE), 1);
+        return std::to_string(parser.bFindNextTagType(page.m_pStart, TAG_TD, TAG_END_TABLE));
     });
 }
 
+TEST(HtmlParser, Indexes) {
+    RunPages("index", [](const text& page) {
+        OpenParser parser;
+        EXPECT_EQ(parser.Load(page, nullptr, 1), 0);
+        EXPECT_EQ(parser.m_bInitialized, 1);
+        return Index(parser);
+    });
+}
+
+TEST(HtmlParser, IndexesAgainWhenCleared) {
+    RunCases("index", [](const text& page) {
+        OpenParser parser(page, nullptr);
+        parser.InitializeHtmlFile();
+        parser.Clear();
+        EXPECT_EQ(Index(parser), "");
+        EXPECT_EQ(parser.m_bInitialized, 0);
+        parser.InitializeHtmlFile();
+        return Index(parser);
+    });
+}
+
+// Every tag that the pass knows and its end tag, with every byte behind the name, against the plain rules.
+TEST(HtmlParser, EveryByteBehindEveryName) {
+    std::vector<std::string> names = {"", "ab", "tablex", "titles", " title", "\0"s};
+    names.insert(names.end(), reference::TAG_WORDS.begin(), reference::TAG_WORDS.end());
+    for (std::size_t i = 0; i < 512 * names.size(); ++i) {
+        const std::string tag = (i % 2 == 0 ? "<" : "</") + names[i / 512] + static_cast<char>(i / 2);
+        const std::string page = "x<td><title>1<li>2<a href=p>3" + tag + "href=q>4</title></li></a></td>";
+        ASSERT_NO_THROW(invariants::CheckAnswers({page.data(), page.data() + page.size() - 1, 0}))
+            << testing::PrintToString(page);
+    }
+}
+
+// The sources of a page's image tags as a walk finds them that has no pass to follow.
+std::string WalkedImages(const text& page) {
+    std::string sources;
+    ImageWalk walk(page.m_pStart, page);
+    for (tag_img record; walk.pNext(record) != nullptr;)
+        if (!record.m_urlSrc.IsEmpty())
+            (sources += ' ') += String(record.m_urlSrc).c_str();
+    return sources;
+}
+
 TEST(HtmlParser, HandsOutUrlLists) {
-    RunCases("lists", [](const text& page) {
-        OpenParser parser(page, "http://host/");
+    RunPages("lists", [](const text& page) {
+        OpenParser parser(page, nullptr);
         EXPECT_EQ(parser.m_bInitialized, 0);
         const std::string lists = Lists(parser);
         EXPECT_EQ(parser.m_bInitialized, 1);
+        EXPECT_EQ(WalkedImages(page),
+                  lists.substr(lists.find(':') + 1, lists.find(" links") - lists.find(':') - 1));
+        return lists;
+    });
+}
+
+// Which images there are hangs on the page as it is now; which links, on the pass.
+TEST(HtmlParser, KeepsListsApart) {
+    RunCases("lists", [](const text& page) {
+        const auto imagesOf = [](const std::string& lists) { return lists.substr(0, lists.find(" links")); };
+        const auto linksOf = [](const std::string& lists) { return lists.substr(lists.find(" links")); };
+        OpenParser parser(page, "http://host/"), copy(page, nullptr);
+        const std::string lists = Lists(parser);
         EXPECT_EQ(Lists(parser), lists) << "the second call must not index again";
-        OpenParser copy(page, nullptr);
         copy.InitializeHtmlFile();
         copy = parser;
         EXPECT_EQ(Lists(copy), lists);
-        parser.m_tPage.m_pEnd -= page.GetLength() / 2; // the index stays, the image tags are another page's
-        OpenParser shorter(parser.m_tPage, nullptr);
-        const std::string fewer = Lists(shorter);
-        EXPECT_EQ(Lists(parser), fewer.substr(0, fewer.find(" links")) + lists.substr(lists.find(" links")));
+        copy.Load(page, nullptr, 1);
+        copy.InitializeHtmlFile();
+        EXPECT_EQ(imagesOf(Lists(copy)), imagesOf(lists)) << "after a second pass";
+        copy.Clear();
+        EXPECT_EQ(Lists(copy), lists) << "after a fresh start";
+
+        std::string own = String(page) + " ";
+        const text tOwn(own.data(), own.data() + own.size() - 1, 0);
+        OpenParser overwritten(tOwn, nullptr);
+        Lists(overwritten);
+        for (char& c : own)
+            c = c == '<' ? '(' : c;
+        OpenParser fresh(tOwn, nullptr);
+        fresh.InitializeHtmlFile();
+        overwritten = fresh;
+        EXPECT_EQ(imagesOf(Lists(overwritten)), "images 0:") << "another page in the same memory";
+
+        parser.m_tPage.m_pEnd -= page.GetLength() / 2;
+        OpenParser half(parser.m_tPage, nullptr);
+        EXPECT_EQ(Lists(parser), imagesOf(Lists(half)) + linksOf(lists)) << "half of the page";
         return lists;
     });
-    RunCases("image sources", [](const text& row) {
+}
+
+TEST(HtmlParser, FindsImageSources) {
+    RunPages("image sources", [](const text& row) {
         const char* const pBar = std::find(row.m_pStart, row.m_pEnd, '|');
-        const OpenParser parser(text(pBar + 1, row.m_pEnd, 0), nullptr);
+        const OpenParser parser(text(row.m_pStart, pBar - 1, 0), nullptr);
         url source, none;
-        source = text(row.m_pStart, pBar - 1, 0);
+        source = text(pBar + 1, row.m_pEnd, 0);
         (parser.*pImageQuery())(none); // either answer will do
         return std::to_string((parser.*pImageQuery())(source));
     });
 }
 
 TEST(HtmlParser, ConvertsToPlainText) {
-    RunCases("plain text", [](const text& page) {
+    RunPages("plain text", [](const text& page) {
         OpenParser parser(page, nullptr);
         char* pText = nullptr;
-        EXPECT_TRUE(parser.bConvertHtmlToPlainText(&pText) == 1 && parser.m_bInitialized == 0);
+        EXPECT_EQ(parser.bConvertHtmlToPlainText(&pText), 1);
+        EXPECT_EQ(parser.m_bInitialized, 0);
         // There is room for all characters of the page; behind the last one written all is NUL.
         const std::string all(std::unique_ptr<char[]>(pText).get(),
                               static_cast<std::size_t>(page.GetLength()) + 1);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything that holds for a page, on generated pages, on the stored fuzz inputs and on the samples cut off
 // at each length. PAGESLICE_STRESS in the environment sets the number of generated pages.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <vector>
 
@@ -12,22 +13,28 @@ std::string Name(const text& page) {
 std::string Value(const text& page) {
     text value("left over");
     const char* const p = tag().pGetAttributeValue(page.m_pStart, value, page);
-    return Chars(value, page) + "|" + Rest(p, page);
+    return Joined(Chars(value, page), Rest(p, page));
 }
 
 std::string TagName(const text& page) {
     return Chars(OpenParser(page, nullptr).tFindNextTagName(page.m_pStart), page);
 }
 
-TEST(Attributes, NamesValuesAndCodes) {
-    RunCases("attribute names", Name);
-    RunCases("attribute values", Value);
+TEST(Attributes, Names) {
+    RunPages("attribute names", Name);
+    EXPECT_TRUE(tag().tGetAttributeName(nullptr, FULL).IsEmpty());
+}
+
+TEST(Attributes, Values) {
+    RunPages("attribute values", Value);
+    text value("left over");
+    EXPECT_EQ(tag().pGetAttributeValue(nullptr, value, FULL), nullptr);
+    EXPECT_TRUE(value.IsEmpty());
+}
+
+TEST(Attributes, Codes) {
     RunCases("attribute codes",
              [](const text& name) { return std::to_string(tag().nGetAttributeCode(name)); });
-    text value("left over");
-    EXPECT_TRUE(tag().tGetAttributeName(nullptr, FULL).IsEmpty() &&
-                tag_td().pParse(nullptr, FULL) == nullptr);
-    EXPECT_TRUE(tag().pGetAttributeValue(nullptr, value, FULL) == nullptr && value.IsEmpty());
     EXPECT_EQ(tag().nGetAttributeCode(text()), ATTR_NONE);
 }
 
@@ -64,18 +71,20 @@ TEST(Attributes, EveryByteInEveryPosition) {
         }
 }
 
-// The fields that a parse from p gives to a record that already holds all it can, and where the parse
-// stopped.
-template <class Record, bool bKeepsTag>
-std::string Parse(const char* p, const text& page) {
+// The fields that a parse gives to a record that already holds all it can, and where the parse stopped. It
+// starts so many characters behind the first '<'.
+template <class Record, int nBehindOpen, bool bKeepsTag>
+std::string Parse(const text& page) {
     static const text full(
         "x<x name=n href=h rel=r rev=v title=t src=s lowsrc=l alt=a align=top height=9 width=9 "
         "border=9 hspace=9 vspace=9 usemap=u ismap valign=top nowrap rowspan=9 colspan=9>");
     Record record(full.m_pStart + 3, full);
-    const char* const q = record.pParse(p, page);
-    const text tTag(std::find(page.m_pStart, page.m_pEnd, '<'), std::min(q, page.m_pEnd), 0);
+    EXPECT_EQ(record.pParse(nullptr, page), nullptr);
+    const char* const pOpen = std::find(page.m_pStart, page.m_pEnd, '<');
+    const char* const q = record.pParse(pOpen + nBehindOpen, page);
+    const text tTag(pOpen, std::min(q, page.m_pEnd), 0);
     EXPECT_EQ(Chars(record.m_tTag, page), bKeepsTag && q != nullptr ? String(tTag) : "-");
-    const std::string result = Fields(record, page) + "|" + Rest(q, page);
+    const std::string result = Joined(Fields(record, page), Rest(q, page));
     const char* const pTag = record.m_tTag.m_pStart;
     record.Clear();
     EXPECT_EQ(Fields(record, page), "");
@@ -83,12 +92,20 @@ std::string Parse(const char* p, const text& page) {
     return result;
 }
 
-TEST(Records, Parse) {
-    RunCases("anchors", [](const text& page) { return Parse<tag_a, true>(page.m_pStart + 3, page); });
-    RunCases("images", [](const text& page) { return Parse<tag_img, true>(page.m_pStart + 5, page); });
-    RunCases("tables", [](const text& page) { return Parse<tag_table, false>(page.m_pStart + 6, page); });
-    RunCases("rows", [](const text& page) { return Parse<tag_tr, false>(page.m_pStart + 3, page); });
-    RunCases("cells", [](const text& page) { return Parse<tag_td, false>(page.m_pStart + 3, page); });
+TEST(Records, Anchors) {
+    RunPages("anchors", Parse<tag_a, 2, true>);
+}
+TEST(Records, Images) {
+    RunPages("images", Parse<tag_img, 4, true>);
+}
+TEST(Records, Tables) {
+    RunPages("tables", Parse<tag_table, 6, false>);
+}
+TEST(Records, Rows) {
+    RunPages("rows", Parse<tag_tr, 3, false>);
+}
+TEST(Records, Cells) {
+    RunPages("cells", Parse<tag_td, 3, false>);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parsers side by side over one shared page, and one page object read by all. The thread sanitizer sees what
 // the results cannot show.
 #include <thread>
@@ -18,7 +19,7 @@ TEST(Threads, ShareAPage) {
             for (int i = 0; i < 50; ++i) {
                 OpenParser own(FULL, "http://host/"), copy(shared); // reading one is allowed to all
                 nSame += Lists(own) == Lists(copy) && Index(own) == FULL_INDEX && Index(copy) == FULL_INDEX &&
-                         page.plain_text() == expected && page.cells()[0] == "1";
+                         page.plain_text() == expected && page.cells()[0].text == "1";
             }
         });
     for (std::thread& thread : threads)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a host needs to build, link and run: objects of the library, and exactly what they should answer.
 #include <cstring>
 
