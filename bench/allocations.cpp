@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "allocations.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counts what is allocated in this program, by whichever library: malloc itself is replaced
 // (allocations.cpp). Everywhere but with the GNU C library nothing is counted.
 #ifndef PAGESLICE_BENCH_ALLOCATIONS_H

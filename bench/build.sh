@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # bench/build.sh   builds the benchmarks as the library is released, and prints the folder of the programs.
 set -eu
 cd "$(dirname "$0")/.."

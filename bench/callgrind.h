@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Marks what callgrind counts, where its header was there to build with. Elsewhere, and outside callgrind,
 // the marks do nothing.
 #ifndef PAGESLICE_BENCH_CALLGRIND_H

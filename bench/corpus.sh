@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # bench/corpus.sh   fetches the pages that the benchmarks read, once, and prints the folder that holds them. They belong
 # to the npm package htmlparser-benchmark and are no part of this project.
 set -eu

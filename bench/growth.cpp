@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pageslice_growth BYTES [NAME...]
 //
 // Runs every hostile family, or those whose names begin so, at two sizes: pages of so many bytes and of twice
@@ -14,6 +15,8 @@
 #include "hostile.h"
 #include "output/alt_text.h"
 #include "output/output_text.h"
+#include "pageslice/page.h"
+#include "pageslice/tokens.h"
 #include "stages.h"
 #include "text/string_utils.h"
 
@@ -54,6 +57,11 @@ private:
     }
 };
 
+// What was looked at counts as used.
+void Use(std::string_view s) {
+    asm volatile("" : : "r"(s.data()), "r"(s.size()) : "memory");
+}
+
 text Whole(const std::string& s) {
     return text(s.data(), s.data() + s.size() - 1, 1);
 }
@@ -62,11 +70,67 @@ void AskEverything(std::string& page) {
     EveryQuestion(Whole(page)).Ask();
 }
 
+// Everything that a page tells by the standard rules, each element once, and all of its tokens.
+void AskStandard(std::string& s) {
+    pageslice::options options;
+    options.rules = pageslice::rules::standard;
+    options.url = PAGE_URL;
+    const pageslice::page page(s, options);
+    for (const pageslice::link link : page.links()) {
+        Use(link.href);
+    }
+    for (const pageslice::image image : page.images()) {
+        Use(image.src);
+    }
+    for (const pageslice::cell cell : page.cells()) {
+        Use(cell.text);
+    }
+    for (const pageslice::item item : page.list_items()) {
+        Use(item.text);
+    }
+    Use(page.plain_text());
+    const std::string copy = s; // of which nothing is known: it is read anew
+    Use(page.plain_text(copy));
+    pageslice::tokens tokens(s);
+    for (const pageslice::token& token : tokens) {
+        Use(token.bytes);
+        for (const pageslice::attribute attribute : tokens.attributes()) {
+            Use(attribute.value);
+        }
+    }
+}
+
+// Pages that are hostile to the standard rules alone.
+constexpr Family STANDARD_FAMILIES[] = {
+    {"references", "", "&", ""},
+    {"references without end", "", "&aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa", ""},
+    {"numbers without end", "&#x", "1", ""},
+    {"closes in apostrophes", "", "<p a='>'>", ""},
+    {"quotes that prove nothing", "", "<a b=c\" d=\"e>f\">", ""},
+    {"a tag of distinct attributes", "<p", " a^", ">"},
+    {"short comments", "", "<!-->", ""},
+    {"script escapes", "", "<script><!--<script></script>-->", ""},
+    {"scripts in a script", "<script><!--", "<script>", ""},
+    {"escapes in a script", "<script>", "<!---->", ""},
+    {"dashes in a script", "<script><!--", "-", ""},
+    {"titles that do not end", "<title>", "</titl", ""},
+    {"nested svg", "", "<svg>", ""},
+    {"svg opened and closed", "", "<svg><g><g></svg>", ""},
+    {"deep svg, then strangers", "<svg><g><g><g><g><g><g><g><g><g><g><g><g><g><g><g><g><g><g>", "</q>", ""},
+    {"html inside svg", "<svg><desc>", "<div></q>", ""},
+    {"one kind of list in another", "<ol>", "<ul></ol>", ""},
+    {"tables without cells", "", "<table>", ""},
+    {"source sets of megabytes", "<img srcset=\"", "a 1x,", "\">"},
+    {"templates", "", "<template>", ""},
+    {"line ends kept", "<pre>", "\r\n", "x"},
+    {"cells and breaks", "<table>", "<td><br>", "x"},
+};
+
 // The routines on URLs, each on the whole string; the string ends canonical.
 void UseUrl(std::string& s) {
     const char* const p = s.c_str();
     const text slice = Whole(s);
-    CString host;
+    std::string host;
     url::tGetHostName(p);
     url::tGetHostName(slice, host);
     url::tGetDomainName(slice);
@@ -170,9 +234,11 @@ constexpr Routine ROUTINES[] = {
 };
 
 // Only the run is counted: the string stands ready before, and what the run leaves is released behind.
-void Measure(const Family& family, void (*run)(std::string& s), std::size_t n) {
+constexpr const char* STANDARD = "standard: ";
+
+void Measure(const Family& family, const char* rules, void (*run)(std::string& s), std::size_t n) {
     std::string s = MakePage(family, n);
-    const std::string label = std::string(family.name) + " @ " + std::to_string(s.size());
+    const std::string label = rules + std::string(family.name) + " @ " + std::to_string(s.size());
     std::fprintf(stderr, "growth: %s\n", label.c_str());
     CALLGRIND_START_INSTRUMENTATION;
     CALLGRIND_ZERO_STATS; // starting anew forgets what the last dump began with
@@ -181,9 +247,9 @@ void Measure(const Family& family, void (*run)(std::string& s), std::size_t n) {
     CALLGRIND_STOP_INSTRUMENTATION;
 }
 
-void MeasureTwice(const Family& family, void (*run)(std::string& s), std::size_t n) {
-    Measure(family, run, n);
-    Measure(family, run, 2 * n);
+void MeasureTwice(const Family& family, const char* rules, void (*run)(std::string& s), std::size_t n) {
+    Measure(family, rules, run, n);
+    Measure(family, rules, run, 2 * n);
 }
 
 } // namespace
@@ -201,12 +267,18 @@ int main(int argc, char** argv) {
     };
     for (const Family& family : HostileFamilies()) {
         if (isWanted(family.name)) {
-            MeasureTwice(family, AskEverything, bytes);
+            MeasureTwice(family, "", AskEverything, bytes);
+            MeasureTwice(family, STANDARD, AskStandard, bytes);
+        }
+    }
+    for (const Family& family : STANDARD_FAMILIES) {
+        if (isWanted(family.name)) {
+            MeasureTwice(family, STANDARD, AskStandard, bytes);
         }
     }
     for (const Routine& routine : ROUTINES) {
         if (isWanted(routine.family.name)) {
-            MeasureTwice(routine.family, routine.run, bytes / 8);
+            MeasureTwice(routine.family, "", routine.run, bytes / 8);
         }
     }
 }

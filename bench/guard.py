@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Keeps the library as fast as it was.
 
 guard.py PROGRAM           compares the instructions per byte that each stage takes on samples/ with the figures in
@@ -21,7 +22,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 STORED = HERE / "instructions.json"
 SAMPLES = HERE.parent / "samples"
 LEVELS = ["portable", "avx2"]
-STAGES = ["job", "pass", "lists", "text"]
+STAGES = ["job", "pass", "lists", "text", "standard", "tokens"]
 LIMIT = 1.03
 
 
@@ -65,7 +66,7 @@ def main():
         for stage, value in stages.items():
             before = stored["instructions_per_byte"][level][stage]
             above += value > LIMIT * before
-            print(f"{level:9} {stage:6} {value:8.3f}  stored {before:8.3f}  {100 * (value / before - 1):+5.1f} %"
+            print(f"{level:9} {stage:9} {value:8.3f}  stored {before:8.3f}  {100 * (value / before - 1):+5.1f} %"
                   + ("  too much" if value > LIMIT * before else ""))
     if above:
         print("Faster code is wanted; where more work is right, store new figures: bench/check.sh --store")

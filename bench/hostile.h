@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pages that are slow wherever a walk looks at the same bytes again and again. Each family grows to any size.
 #ifndef PAGESLICE_BENCH_HOSTILE_H
 #define PAGESLICE_BENCH_HOSTILE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pageslice_bench CORPUS SAMPLES [Google Benchmark's own options]
 //
 // Times every stage and every peer over both folders of pages, the whole job on one page of growing size, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "page_set.h"
 
 #include <algorithm>

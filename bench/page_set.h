@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pages that are measured, and what one stage costs and finds on all of them.
 #ifndef PAGESLICE_BENCH_PAGE_SET_H
 #define PAGESLICE_BENCH_PAGE_SET_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The same job done with general HTML libraries: title, every a[href] with its text, every img[src], plain
 // text, and no more than that.
 #ifndef PAGESLICE_BENCH_PEERS_H

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """report.py RESULTS DOCS   prints one table of what run.sh measured; writes DOCS/speed.json and DOCS/speed.svg."""
 import datetime
 import json

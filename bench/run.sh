@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: MIT
 # bench/run.sh   measures everything, prints one table, and draws docs/speed.svg. What was measured is kept in
 # build/bench/results (Google Benchmark's JSON) and, in short, in docs/speed.json.
 set -eu

@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: MIT
 #include "stages.h"
 
 #include <cstring>
 #include <memory>
 
+#include "pageslice/page.h"
+#include "pageslice/tokens.h"
 #include "peers.h"
 
 namespace bench {
@@ -70,6 +73,65 @@ void RunTitle(const Page& /*page*/, HtmlParser& indexed, Found* found) {
     TakeTitle(indexed, found);
 }
 
+pageslice::options StandardOptions() {
+    pageslice::options options;
+    options.rules = pageslice::rules::standard;
+    options.url = PAGE_URL;
+    return options;
+}
+
+// All that the standard rules tell, each element looked at once.
+void RunStandard(const Page& page, HtmlParser& /*indexed*/, Found* found) {
+    const pageslice::page read(std::string_view(page.Data(), page.Size()), StandardOptions());
+    std::size_t seen = read.title().size() + read.base().size();
+    for (const std::string_view url : read.link_urls()) {
+        seen += url.size();
+    }
+    for (const std::string_view url : read.image_urls()) {
+        seen += url.size();
+    }
+    for (const pageslice::item item : read.list_items()) {
+        seen += item.text.size();
+    }
+    for (const pageslice::cell cell : read.cells()) {
+        seen += cell.text.size();
+    }
+    const std::string plain = read.plain_text();
+    asm volatile("" : : "r"(seen) : "memory"); // what was looked at counts as used
+    if (found != nullptr) {
+        found->links += read.links().size();
+        found->images += read.image_urls().size();
+        found->textBytes += plain.size();
+        found->titleBytes += read.title().size();
+    }
+}
+
+void RunStandardPass(const Page& page, HtmlParser& /*indexed*/, Found* found) {
+    const pageslice::page read(std::string_view(page.Data(), page.Size()), StandardOptions());
+    if (found != nullptr) {
+        found->links += read.links().size();
+        found->images += read.image_urls().size();
+    }
+}
+
+// Every token with all its attributes.
+void RunTokens(const Page& page, HtmlParser& /*indexed*/, Found* found) {
+    pageslice::tokens tokens(std::string_view(page.Data(), page.Size()));
+    std::size_t seen = 0;
+    for (const pageslice::token& token : tokens) {
+        const bool is_tag = !token.name.empty();
+        if (is_tag) {
+            for (const pageslice::attribute& attribute : tokens.attributes()) {
+                seen += attribute.name.size() + attribute.value.size();
+            }
+        }
+        if (found != nullptr) {
+            found->textBytes += token.kind == pageslice::token_kind::text ? token.text.size() : 0;
+        }
+    }
+    asm volatile("" : : "r"(seen) : "memory");
+}
+
 // The least that a conversion costs which hands out a new string: allocate, copy, release.
 void RunMemcpy(const Page& page, HtmlParser& /*indexed*/, Found* found) {
     const std::unique_ptr<char[]> copy(new char[page.Size() + 1]);
@@ -95,8 +157,10 @@ void RunMemchr(const Page& page, HtmlParser& /*indexed*/, Found* found) {
 }
 
 constexpr Stage STAGES[] = {
-    {"job", RunJob},         {"pass", RunPass},     {"lists", RunLists},   {"text", RunText},
-    {"title", RunTitle},     {"memcpy", RunMemcpy}, {"memchr", RunMemchr},
+    {"job", RunJob},         {"pass", RunPass},         {"lists", RunLists},
+    {"text", RunText},       {"title", RunTitle},       {"memcpy", RunMemcpy},
+    {"memchr", RunMemchr},   {"standard", RunStandard}, {"standard_pass", RunStandardPass},
+    {"tokens", RunTokens},
 #if defined(PAGESLICE_WITH_LIBXML2)
     {"libxml2", RunLibxml2},
 #endif

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is measured: the whole job that a host has a page done, its stages alone, and the limits beside it.
 #ifndef PAGESLICE_BENCH_STAGES_H
 #define PAGESLICE_BENCH_STAGES_H

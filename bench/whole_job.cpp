@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // pageslice_job [--stage NAME] [--rounds N] FILE|FOLDER...
 //
 // Does the whole job, or one stage of it, for each page in turn, N rounds; prints the speed, what was

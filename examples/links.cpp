@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // links FILE [ADDRESS]   prints the links of a page, in the order in which they stand there, and how many of
 // its images have an alternative text.
 #include <algorithm>
@@ -5,7 +6,6 @@
 #include <iostream>
 #include <iterator>
 #include <string>
-#include <vector>
 
 #include "pageslice/page.h"
 
@@ -20,11 +20,7 @@ int main(int argc, char** argv) {
     const std::string html((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     const pageslice::page page(html, argc > 2 ? argv[2] : "");
 
-    const auto range = page.links();
-    std::vector<pageslice::link> links(range.begin(), range.end());
-    std::sort(links.begin(), links.end(), [](const pageslice::link& a, const pageslice::link& b) {
-        return a.href.data() < b.href.data(); // both point into the page
-    });
+    const auto links = page.links_in_page_order();
     for (const pageslice::link& link : links) {
         std::cout << page.absolute(link.href) << '\t' << link.text << '\n';
     }

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* summary FILE   prints what a page holds, through the C interface. */
 #include <stdio.h>
 #include <stdlib.h>
@@ -53,10 +54,10 @@ static void print_summary(const pageslice_page* page) {
     if (pageslice_get_title(page, &title) == PAGESLICE_OK) {
         print_slice("title", title);
     }
-    for (i = 0; pageslice_get_link(page, i, &link) == PAGESLICE_OK; ++i) {
+    for (i = 0; pageslice_get_link(page, i, &link, sizeof link) == PAGESLICE_OK; ++i) {
         print_slice("link", link.href);
     }
-    for (i = 0; pageslice_get_image(page, i, &image) == PAGESLICE_OK; ++i) {
+    for (i = 0; pageslice_get_image(page, i, &image, sizeof image) == PAGESLICE_OK; ++i) {
         printf("%d x %d ", image.width, image.height);
         print_slice("image", image.src);
     }

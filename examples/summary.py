@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """summary.py LIBRARY FILE   prints what a page holds, through the C interface and nothing but Python's ctypes."""
 import ctypes
 import sys
@@ -13,7 +14,7 @@ class Slice(ctypes.Structure):
 
 
 class Link(ctypes.Structure):
-    _fields_ = [(name, Slice) for name in ("href", "text", "name", "rel", "rev", "title")]
+    _fields_ = [(name, Slice) for name in ("href", "text", "name", "rel", "rev", "title", "element")]
 
 
 def load(path):
@@ -26,7 +27,7 @@ def load(path):
         ("close", None, [c_void_p]),
         ("get_title", c_int, [c_void_p, POINTER(Slice)]),
         ("count_links", c_size_t, [c_void_p]),
-        ("get_link", c_int, [c_void_p, c_size_t, POINTER(Link)]),
+        ("get_link", c_int, [c_void_p, c_size_t, POINTER(Link), c_size_t]),
         ("get_plain_text", c_int, [c_void_p, c_char_p, c_size_t, out]),
         ("resolve_url", c_int, [c_char_p, c_size_t, c_char_p, c_size_t, c_char_p, c_size_t, out]),
     ):
@@ -56,7 +57,7 @@ def main(library_path, page_path):
 
         base, link, length = b"http://harbour.example/market/", Link(), c_size_t()
         for i in range(library.pageslice_count_links(page)):
-            check(library.pageslice_get_link(page, i, byref(link)))
+            check(library.pageslice_get_link(page, i, byref(link), ctypes.sizeof(link)))
             href = link.href.bytes()
             room = ctypes.create_string_buffer(len(base) + len(href) + 1)
             check(library.pageslice_resolve_url(base, len(base), href, len(href), room, len(room), byref(length)))

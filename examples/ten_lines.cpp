@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The least that a host does: a page in memory, its links and images as lists.
 #include <cstdio>
 #include <memory>
