@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 set(triplet i686-w64-mingw32)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

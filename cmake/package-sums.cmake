@@ -1,0 +1,21 @@
+# SPDX-License-Identifier: MIT
+# SHA256SUMS beside the packages that CPack has made, for sha256sum --check.
+set(sums "")
+foreach(package IN LISTS CPACK_PACKAGE_FILES)
+  file(SHA256 ${package} sum)
+  get_filename_component(name ${package} NAME)
+  string(APPEND sums "${sum}  ${name}\n")
+endforeach()
+# They are not in their place yet. CPack comes here once for each kind of package; the sums of those made before stay.
+set(file ${CPACK_PACKAGE_DIRECTORY}/SHA256SUMS)
+if(EXISTS ${file})
+  file(STRINGS ${file} lines)
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^[0-9a-f]+  " "" name "${line}")
+    string(FIND "${sums}" "  ${name}\n" known)
+    if(known EQUAL -1 AND EXISTS ${CPACK_PACKAGE_DIRECTORY}/${name})
+      string(APPEND sums "${line}\n")
+    endif()
+  endforeach()
+endif()
+file(WRITE ${file} "${sums}")
