@@ -78,7 +78,7 @@ private:
     void fail(const Failure& why) {
         failure = why;
         if (!isBegun) {
-            report.start();
+            report.forget();
         }
     }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "bytes.h"
 
@@ -40,6 +41,8 @@ public:
     // Gives the next line without its line end, or nothing at the end of the input. A line of more than
     // `limit` bytes, and one that memory cannot hold, is skipped and comes as an empty one. Does not throw.
     Got next(Bytes& line, std::size_t limit);
+    // Whether the next line has come already, all of it.
+    bool hasWholeLine() const { return buffer.view().find('\n', used) != std::string_view::npos; }
     bool failed() const { return hasFailed; }
 
 private:

@@ -24,16 +24,11 @@ void Report::putNumber(std::size_t number) {
     put({digits.data(), static_cast<std::size_t>(end.ptr - digits.data())});
 }
 
-void Report::start() {
-    kept.clear();
-    count = 0;
-}
-
 void Report::passRest() {
     if (!kept.empty()) {
         pass(kept.view());
     }
-    start();
+    kept.clear();
 }
 
 bool Report::makeRoom(std::size_t wanted) {

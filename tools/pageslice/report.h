@@ -33,8 +33,10 @@ public:
 
     // How many bytes were put since the start.
     std::size_t size() const { return count; }
-    // Begins a new report, and forgets what of the last one is still here.
-    void start();
+    // Begins a new report after those that are still here.
+    void start() { count = 0; }
+    // What is still here is not to leave.
+    void forget() { kept.clear(); }
     void passRest();
 
 private:

@@ -24,6 +24,7 @@ namespace {
 
 constexpr std::size_t LINE_LIMIT = std::size_t{256} << 20;
 constexpr std::size_t KEPT_ROOM = std::size_t{4} << 20; // of a line's memory for the next one
+constexpr std::size_t MOST_AT_ONCE = 64;                // lines to a job
 
 // What the threads of a stream share.
 struct Stream {
@@ -39,7 +40,16 @@ struct Stream {
     std::size_t answers = 0;
 };
 
-// Reads lines and answers them, with memory that serves line after line.
+// A line, and what became of it.
+struct Line {
+    Bytes bytes;
+    LineReader::Got got = LineReader::Got::nothing;
+    std::size_t number = 0; // from 1
+    std::optional<Failure> failure;
+};
+
+// Reads lines and answers them, with memory that serves line after line. Short lines that have come together
+// are one job: handing each to a thread of its own takes longer than to answer it.
 class StreamWorker {
 public:
     explicit StreamWorker(Stream& shared)
@@ -52,59 +62,73 @@ public:
     StreamWorker& operator=(const StreamWorker&) = delete;
 
     bool next() {
+        count = 0;
         if (stream.output.failed()) {
             return false;
         }
-        asked.line = ++stream.lines;
-        got = stream.input.next(line, LINE_LIMIT);
-        return got != LineReader::Got::nothing;
+        do {
+            Line& line = lines[count];
+            line.got = stream.input.next(line.bytes, LINE_LIMIT);
+            if (line.got == LineReader::Got::nothing) {
+                break;
+            }
+            line.number = ++stream.lines;
+            ++count;
+        } while (count < lines.size() && stream.input.hasWholeLine());
+        return count != 0;
     }
 
     void work(const std::function<void()>& myTurn) {
         awaitTurn = myTurn;
-        failure.reset();
-        request = {};
-        report.start();
-        try {
-            answer();
-        } catch (const std::bad_alloc&) {
-            failure = Failure{NO_MEMORY};
-        } catch (const Failure& other) {
-            failure = other;
-        }
-        if (failure && report.size() == 0) {
-            asked.id = request.id;
-            printErrorAsJson(asked, failure->what(), stream.options, report);
-        }
-        if (line.size() > KEPT_ROOM) {
-            line.release();
-        }
-        if (repaired.size() > KEPT_ROOM) {
-            repaired.release();
+        for (std::size_t i = 0; i < count; ++i) {
+            work(lines[i]);
         }
     }
 
     void emit() {
         report.passRest();
         stream.output.finishAnswer();
-        if (failure) {
-            std::array<char, 32> name = {'l', 'i', 'n', 'e', ' '};
-            const auto end = std::to_chars(name.data() + 5, name.data() + name.size(), asked.line);
-            stream.console.error({name.data(), static_cast<std::size_t>(end.ptr - name.data())},
-                                 failure->what());
+        for (std::size_t i = 0; i < count; ++i) {
+            if (lines[i].failure) {
+                complain(lines[i]);
+            }
+            stream.console.progress(++stream.answers, 0);
         }
-        stream.console.progress(++stream.answers, 0);
     }
 
 private:
-    void answer() {
-        if (got == LineReader::Got::tooLongLine) {
+    void work(Line& line) {
+        line.failure.reset();
+        request = {};
+        report.start();
+        asked.line = line.number;
+        try {
+            answer(line);
+        } catch (const std::bad_alloc&) {
+            line.failure = Failure{NO_MEMORY};
+        } catch (const Failure& other) {
+            line.failure = other;
+        }
+        if (line.failure && report.size() == 0) {
+            asked.id = request.id;
+            printErrorAsJson(asked, line.failure->what(), stream.options, report);
+        }
+        if (line.bytes.size() > KEPT_ROOM) {
+            line.bytes.release();
+        }
+        if (repaired.size() > KEPT_ROOM) {
+            repaired.release();
+        }
+    }
+
+    void answer(Line& line) {
+        if (line.got == LineReader::Got::tooLongLine) {
             throw Failure{"Longer than 256 MiB"};
         }
-        if (got == LineReader::Got::tooLargeForMemory) {
+        if (line.got == LineReader::Got::tooLargeForMemory) {
             throw std::bad_alloc();
         }
-        readRequest(line, repaired, request);
+        readRequest(line.bytes, repaired, request);
         asked.id = request.id;
         asked.isRepaired = request.isRepaired;
         Source source;
@@ -112,18 +136,24 @@ private:
         source.rules = stream.options.rules;
         source.encoding = "UTF-8"; // whatever the page says of itself: JSON is
         const Page page(source, request.html);
-        failure = printAsJson(page, asked, stream.options, report);
+        line.failure = printAsJson(page, asked, stream.options, report);
+    }
+
+    void complain(const Line& line) {
+        std::array<char, 32> name = {'l', 'i', 'n', 'e', ' '};
+        const auto end = std::to_chars(name.data() + 5, name.data() + name.size(), line.number);
+        stream.console.error({name.data(), static_cast<std::size_t>(end.ptr - name.data())},
+                             line.failure->what());
     }
 
     Stream& stream;
     Report report;
     std::function<void()> awaitTurn;
-    Bytes line;
+    std::array<Line, MOST_AT_ONCE> lines;
+    std::size_t count = 0; // of the lines
     Bytes repaired;
-    LineReader::Got got = LineReader::Got::nothing;
     Request request;
     Asked asked;
-    std::optional<Failure> failure;
 };
 
 } // namespace
