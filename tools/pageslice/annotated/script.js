@@ -112,6 +112,12 @@
     if (place) visit(Number(place[2]), place[1]);
   }
 
+  // Goes there at once: the event that a changed address brings comes late, and takes the focus from what was begun since.
+  function go(number, side) {
+    history.pushState(null, '', '#' + side + number);
+    visit(number, side);
+  }
+
   function step(by) {
     const from = numberOf(document.activeElement);
     const place = placeOf(from);
@@ -198,9 +204,16 @@
     main.scrollTop = event.offsetY / map.clientHeight * main.scrollHeight - main.clientHeight / 2;
   });
 
+  list.addEventListener('click', event => {
+    const link = event.target.closest('a');
+    if (!link || event.ctrlKey || event.metaKey || event.shiftKey) return;
+    event.preventDefault();
+    go(numberOf(link), 's');
+  });
+
   main.addEventListener('click', event => {
     const number = event.target.dataset.s || /^s(\d+)$/.exec(event.target.id)?.[1];
-    if (number && getSelection().isCollapsed) location.hash = 'e' + number;
+    if (number && getSelection().isCollapsed) go(Number(number), 'e');
   });
 
   document.addEventListener('keydown', event => {
@@ -214,7 +227,7 @@
     } else if (event.key === 'j' || event.key === 'k') {
       step(event.key === 'j' ? 1 : -1);
     } else if (event.key === 'Enter' && /^s\d+$/.test(event.target.id)) {
-      location.hash = 'e' + event.target.id.slice(1);
+      go(numberOf(event.target), 'e');
     } else if (event.key === '/') {
       event.preventDefault();
       show('list');
