@@ -310,7 +310,8 @@ TEST(Allocation, FailureLeavesTheDocumentedResults) {
         OpenParser parser(FULL, nullptr);
         UrlList *pImages = nullptr, *pLinks = nullptr;
         const bool bFailed = fails([&] { parser.GetUrlLists(&pImages, &pLinks); });
-        EXPECT_TRUE((pImages == nullptr) == bFailed && (pLinks == nullptr) == bFailed);
+        EXPECT_EQ(pImages == nullptr, bFailed);
+        EXPECT_EQ(pLinks == nullptr, bFailed);
         delete pImages;
         delete pLinks;
         ExpectUsable(parser);

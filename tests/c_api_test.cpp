@@ -94,7 +94,9 @@ TEST(CApi, RefusesWhatIsNoArgument) {
         [&] { return pageslice_normalize_url("", 0, nullptr, 0, nullptr); }};
     for (const auto& call : calls)
         EXPECT_EQ(call(), PAGESLICE_BAD_ARGUMENT) << "call " << &call - calls;
-    EXPECT_TRUE(opened == nullptr && slice.data == nullptr && n == 7U);
+    EXPECT_EQ(opened, nullptr);
+    EXPECT_EQ(slice.data, nullptr);
+    EXPECT_EQ(n, 7U);
     EXPECT_EQ(pageslice_count_links(nullptr) + pageslice_count_cells(nullptr), 0U);
     EXPECT_EQ(pageslice_plain_text_bound(nullptr, 9), 0U);
     pageslice_close(nullptr);
@@ -111,7 +113,7 @@ TEST(CApi, AnswersNotFound) {
     EXPECT_EQ(pageslice_get_title(page.p, &item.text), PAGESLICE_NOT_FOUND);
     EXPECT_EQ(pageslice_get_base(page.p, &item.text), PAGESLICE_NOT_FOUND);
     EXPECT_EQ(pageslice_get_image_url(page.p, 0, &item.text), PAGESLICE_NOT_FOUND);
-    EXPECT_TRUE(item.text.data == before.data && item.text.size == before.size);
+    EXPECT_EQ(std::pair(item.text.data, item.text.size), std::pair(before.data, before.size));
 }
 
 // Each limit lets through what it allows, refuses one more, and leaves the others alone.

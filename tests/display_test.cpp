@@ -63,7 +63,9 @@ TEST(Display, DecodesCharactersOnly) {
 TEST(Display, ShowsWhatActsOnATerminal) {
     for (int i = 0; i < 256; ++i) {
         const std::string shown = program::legible("a" + std::string(1, static_cast<char>(i)) + "b");
-        ASSERT_TRUE(shown.size() > 2 && shown.front() == 'a' && shown.back() == 'b') << i;
+        ASSERT_GT(shown.size(), 2U) << i;
+        ASSERT_EQ(shown.front(), 'a') << i;
+        ASSERT_EQ(shown.back(), 'b') << i;
         for (std::string rest = shown; !rest.empty();) {
             const Decoded decoded = program::decodeUtf8(rest);
             ASSERT_TRUE(decoded.valid) << i;

@@ -43,7 +43,8 @@ TEST(Huge, Pages) {
                       n > LARGEST ? "images 0: links 0:" : "images 6: i.gif links 11: last first");
             EXPECT_EQ(String(parser.m_tTitle), "Home");
             EXPECT_EQ(parser.m_tagTd.m_nWidth, 5);
-            ASSERT_TRUE(parser.m_vListItems.size() == 1 && parser.m_urlMap.size() == 2);
+            ASSERT_EQ(parser.m_vListItems.size(), 1U);
+            ASSERT_EQ(parser.m_urlMap.size(), 2U);
             EXPECT_EQ(String(parser.m_urlMap.begin()->first.m_urlHref), "last");
             EXPECT_EQ(pageslice::to_view(parser.m_vListItems[0]).size(), nNuls);
             EXPECT_EQ(parser.m_vListItems[0].GetLength(), static_cast<int>(std::min(nNuls, LARGEST)));

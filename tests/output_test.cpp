@@ -21,11 +21,15 @@ struct GuardedSink : OutputText {
     explicit GuardedSink(std::size_t nSize) : m_bytes(MARGIN + std::string(nSize, '#') + MARGIN) {
         static_cast<OutputText&>(*this) = {&m_bytes[MARGIN.size()], &m_bytes[MARGIN.size() + nSize - 1]};
     }
-    ~GuardedSink() { EXPECT_TRUE(m_bytes.starts_with(MARGIN) && m_bytes.ends_with(MARGIN)); }
+    ~GuardedSink() {
+        EXPECT_EQ(m_bytes.find(MARGIN), 0U);
+        EXPECT_EQ(m_bytes.rfind(MARGIN), m_bytes.size() - MARGIN.size());
+    }
 
     // The content; behind it all is NUL, the last byte always.
     std::string Content() const {
-        EXPECT_TRUE(m_pBufStart <= m_pCurrent && m_pCurrent <= m_pBufEnd);
+        EXPECT_LE(m_pBufStart, m_pCurrent);
+        EXPECT_LE(m_pCurrent, m_pBufEnd);
         EXPECT_EQ(std::string(m_pCurrent, m_pBufEnd + 1).find_first_not_of('\0'), std::string::npos);
         return {GetBuffer(), GetBuffer() + GetLength()};
     }
@@ -68,13 +72,16 @@ TEST(OutputText, Operations) {
 TEST(OutputText, WithoutABufferWritesToTheConsole) {
     OutputText out;
     const auto print = [&] {
-        EXPECT_TRUE(out.bPutChar('x') && out.bPutChar('\0') && out.bPutLineEnd('\n') && out.bPutString("%d"));
-        EXPECT_TRUE(out.bPadToWords(1) && out.bTrimBrackets() && !out.bDropLast() && !out.pFindLast());
+        const int answers[] = {out.bPutChar('x'),    out.bPutChar('\0'), out.bPutLineEnd('\n'),
+                               out.bPutString("%d"), out.bPadToWords(1), out.bTrimBrackets(),
+                               out.bDropLast()};
+        EXPECT_EQ(std::vector(std::begin(answers), std::end(answers)), (std::vector{1, 1, 1, 1, 1, 1, 0}));
+        EXPECT_EQ(out.pFindLast(), nullptr);
         out.Fill('x');
         out.SyncCursor();
     };
     EXPECT_EQ(Console(print), "x\0\n%d padword "s);
-    EXPECT_TRUE(out.bIsConsole() == 1 && out.GetLength() == 0 && out.nNumWords() == 0);
+    EXPECT_EQ(Joined(out.bIsConsole(), out.GetLength(), out.nNumWords()), "1|0|0");
 }
 
 TEST(Text, Prints) {

@@ -151,17 +151,19 @@ TEST(HtmlParser, ConvertsToPlainText) {
 TEST(HtmlParser, HasNothingWithoutAPage) {
     OpenParser parsers[] = {{}, {text(), nullptr}, {text(FULL.m_pEnd, FULL.m_pStart, 0), nullptr}};
     for (OpenParser& parser : parsers) {
-        EXPECT_TRUE(parser.m_bInitialized == 0 && parser.m_pUrl == nullptr);
+        EXPECT_EQ(parser.m_bInitialized, 0);
+        EXPECT_EQ(parser.m_pUrl, nullptr);
         parser.InitializeHtmlFile();
         EXPECT_EQ(Index(parser) + Lists(parser), "images 0: links 0:");
         char* pText = nullptr;
-        EXPECT_TRUE(parser.bConvertHtmlToPlainText(&pText) == 1 && parser.pMakeTitleCopy() == nullptr &&
-                    parser.bConvertHtmlToPlainText(nullptr) == 0);
+        EXPECT_EQ(parser.bConvertHtmlToPlainText(&pText), 1);
+        EXPECT_EQ(parser.bConvertHtmlToPlainText(nullptr), 0);
+        EXPECT_EQ(parser.pMakeTitleCopy(), nullptr);
         EXPECT_STREQ(std::unique_ptr<char[]>(pText).get(), "");
         int nLanguage = 77;
-        EXPECT_TRUE(!parser.bLanguageOfPage(&nLanguage) && !parser.bLanguageOfPage(nullptr) &&
-                    nLanguage == 77);
-        EXPECT_TRUE(parser.bIsLanguageEnglish() == 1 && parser.bLoadLanguageDictionary(nullptr) == 1);
+        EXPECT_EQ(Joined(parser.bLanguageOfPage(&nLanguage), parser.bLanguageOfPage(nullptr), nLanguage,
+                         parser.bIsLanguageEnglish(), parser.bLoadLanguageDictionary(nullptr)),
+                  "0|0|77|1|1");
     }
 }
 
@@ -180,8 +182,8 @@ TEST(HtmlParser, LoadReplacesPageUrlAndIndex) {
     EXPECT_EQ(parser.Load(parser.m_tTitle, parser.m_pUrl + 7, 0), 0);
     EXPECT_EQ(String(parser.m_tPage) + parser.m_pUrl, "xhost/1");
     EXPECT_EQ(parser.Load(FULL, nullptr, 0), 0);
-    EXPECT_TRUE(parser.m_tPage.bIsNullTerminated() == 1 && parser.m_pUrl == nullptr);
-    EXPECT_TRUE(Index(parser).empty() && parser.m_bInitialized == 0);
+    EXPECT_EQ(parser.m_pUrl, nullptr);
+    EXPECT_EQ(Joined(parser.m_tPage.bIsNullTerminated(), parser.m_bInitialized, Index(parser)), "1|0|");
 }
 
 TEST(HtmlParser, CopiesAreIndependent) {
@@ -197,11 +199,13 @@ TEST(HtmlParser, CopiesAreIndependent) {
         EXPECT_EQ(Lists(*p), "images 12: a.gif b.gif links 14: b.html a.html");
         EXPECT_EQ(Index(*p), FULL_INDEX) << "the copy counts as indexed";
         auto i = p->m_urlMap.begin();
-        EXPECT_TRUE(i++->first.m_urlHref == "b.html" && i == std::next(p->m_urlMap.begin()));
+        EXPECT_EQ(String(i++->first.m_urlHref), "b.html");
+        EXPECT_EQ(std::distance(p->m_urlMap.begin(), i), 1);
         p->Clear();
         EXPECT_STREQ(p->m_pUrl, "http://host/");
         *p = OpenParser();
-        EXPECT_TRUE(p->m_tPage.IsEmpty() && p->m_pUrl == nullptr);
+        EXPECT_EQ(p->m_tPage.IsEmpty(), 1);
+        EXPECT_EQ(p->m_pUrl, nullptr);
     }
 }
 

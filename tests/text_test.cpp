@@ -79,7 +79,8 @@ TEST(Text, IsSetAndCompared) {
     copy.Set(t);
     EXPECT_EQ(fields(copy), "0|1|0");
     copy.Clear();
-    EXPECT_TRUE(copy.IsEmpty() && copy.m_pEnd == nullptr);
+    EXPECT_EQ(copy.IsEmpty(), 1);
+    EXPECT_EQ(copy.m_pEnd, nullptr);
 }
 
 TEST(StringUtils, ClassifyEveryByte) {
@@ -87,8 +88,10 @@ TEST(StringUtils, ClassifyEveryByte) {
     for (int i = 0; i < 256; ++i) {
         const char s[] = {static_cast<char>(i), '\0'}, folded[] = {static_cast<char>(i ^ 0x20), '\0'};
         const bool bLetter = in("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", *s);
-        EXPECT_TRUE(bIsWhiteSpace(*s) == in("\t\n\r ", *s) && bIsSeparator(*s) == in("\t\n\r ./", *s)) << i;
-        EXPECT_TRUE(text().IsAlphabetic(*s) == bLetter && (nStrNICmp(s, folded, 1) == 0) == bLetter) << i;
+        EXPECT_EQ(Joined(bIsWhiteSpace(*s), bIsSeparator(*s), text().IsAlphabetic(*s),
+                         nStrNICmp(s, folded, 1) == 0),
+                  Joined(in("\t\n\r ", *s), in("\t\n\r ./", *s), bLetter, bLetter))
+            << i;
     }
 }
 
@@ -152,7 +155,7 @@ TEST(StringUtils, Edits) {
             {"NUL to a", [](char* s) { ReplaceChar(s, '\0', 'a'); }},
             {"a to NUL", [](char* s) { ReplaceChar(s, 'a', '\0'); }}};
         edits.at(parts[1].substr(0, parts[1].find_last_not_of(" 0123456789") + 1))(&buffer[2]);
-        EXPECT_TRUE(buffer.starts_with("ab") && buffer.ends_with("ab"));
+        EXPECT_EQ(buffer.substr(0, 2) + buffer.substr(buffer.size() - 2), "abab");
         return buffer.substr(2, buffer.size() - 4);
     });
 }

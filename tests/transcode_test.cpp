@@ -55,8 +55,10 @@ TEST(Transcode, PagesLoseTheirByteOrderMark) {
     EXPECT_EQ(Transcoder("UTF-16LE").utf8Page("\xFF\xFE\x61\0"s), "a");
     EXPECT_EQ(Transcoder("UTF-8").utf8("\uFEFFa"), "\uFEFFa");
     EXPECT_EQ(Transcoder("windows-1252").utf8Page("\xEF\xBB\xBF"), "ï»¿");
-    EXPECT_FALSE(Transcoder("UTF-16BE").hasAsciiMarkup() || Transcoder("ISO-2022-JP").hasAsciiMarkup());
-    EXPECT_TRUE(Transcoder("UTF-8").hasAsciiMarkup() && Transcoder("Shift_JIS").hasAsciiMarkup());
+    for (const char* const pEncoding : {"UTF-8", "Shift_JIS"})
+        EXPECT_TRUE(Transcoder(pEncoding).hasAsciiMarkup()) << pEncoding;
+    for (const char* const pEncoding : {"UTF-16BE", "ISO-2022-JP"})
+        EXPECT_FALSE(Transcoder(pEncoding).hasAsciiMarkup()) << pEncoding;
 }
 
 #ifndef _WIN32 // which has marks of its own for what it does not know

@@ -29,7 +29,8 @@ Structure first_of(const pageslice_page* page,
     EXPECT_EQ(get(page, 0, &found.s, sizeof found.s), PAGESLICE_OK);
     EXPECT_TRUE(found.is_intact());
 #if AGE == 1
-    EXPECT_TRUE(found.s.added.data == nullptr && found.s.added.size == 0);
+    EXPECT_EQ(found.s.added.data, nullptr);
+    EXPECT_EQ(found.s.added.size, 0U);
 #endif
     return found.s;
 }
