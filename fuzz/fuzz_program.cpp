@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 // What the program prints of a page: JSON that says where everything stands, the annotated page that shows
 // the source unchanged, and lines for people that give no orders to a terminal. The first line is the page's
-// address.
+// address, and a request of a stream.
 #include <nlohmann/json.hpp>
 
 #include <functional>
+#include <map>
 #include <sstream>
 
 #include "fuzz/invariants.h"
 #include "tools/pageslice/display.h"
+#include "tools/pageslice/failure.h"
 #include "tools/pageslice/printers.h"
+#include "tools/pageslice/request.h"
 
 namespace {
 
@@ -123,6 +126,46 @@ void CheckForPeople(const program::Page& page) {
     }
 }
 
+// What another reader of JSON takes is taken here too, and holds the same. Of members named twice it keeps
+// the last, unseen, and it passes over a byte order mark; long addresses are refused here on purpose.
+void CheckRequest(std::string_view bytes) {
+    std::map<std::string, int> names;
+    const auto count = [&](int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+        if (depth == 1 && event == nlohmann::json::parse_event_t::key)
+            ++names[parsed];
+        return true;
+    };
+    const nlohmann::json other = nlohmann::json::parse(bytes, count, false);
+    const auto is = [&](const char* pName, auto fits) {
+        return !other.contains(pName) || fits(other[pName]);
+    };
+    const bool bTaken =
+        other.is_object() && other.contains("html") && !bytes.starts_with('\xEF') &&
+        std::all_of(names.begin(), names.end(), [](const auto& name) { return name.second == 1; }) &&
+        is("html", [](const auto& html) { return html.is_string(); }) &&
+        is("url",
+           [&](const auto& url) { return url.is_null() || (url.is_string() && bytes.size() <= 8192); }) &&
+        is("id", [&](const auto& id) { return !id.is_structured() && bytes.size() <= 8192; });
+    program::Bytes line, repaired;
+    line.append(bytes);
+    program::Request request;
+    try {
+        program::readRequest(line, repaired, request);
+    } catch (const program::Failure&) {
+        Require(!bTaken, "a request that is refused");
+        return;
+    }
+    Require(IsUtf8(request.html) && IsUtf8(request.url), "a request that is not UTF-8");
+    if (!bTaken)
+        return;
+    Require(!request.isRepaired && request.html == other["html"].get<std::string>(), "another page");
+    Require(request.url ==
+                (other.value("url", nlohmann::json()).is_string() ? other["url"].get<std::string>() : ""),
+            "another address");
+    Require(request.id.empty() ? !other.contains("id") : nlohmann::json::parse(request.id) == other["id"],
+            "another id");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) {
@@ -130,6 +173,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t n) 
     const std::string_view all(tAll.m_pStart, n);
     const std::size_t nUrl = std::min(all.find('\n'), n);
     const std::string_view url = all.substr(0, nUrl);
+    CheckRequest(url);
+    CheckRequest(nlohmann::json({{"html", all}, {"more", {url}}})
+                     .dump(-1, ' ', n % 2 == 0, nlohmann::json::error_handler_t::replace));
     for (const auto rules : {pageslice::rules::classic, pageslice::rules::standard}) {
         const program::Page page({"", url, rules, ""}, all.substr(std::min(nUrl + 1, n)));
         CheckJson(page);

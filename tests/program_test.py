@@ -181,6 +181,23 @@ class ProgramTest(unittest.TestCase):
             self.assertEqual(complaints, [n for n, one in enumerate(answers, 1) if "error" in one])
             self.assertEqual(len(answers), len(rows))
 
+    def test_completions(self):
+        folder = pathlib.Path(__file__).parents[1] / "tools" / "pageslice" / "completions"
+        options = set(re.findall(r"--([a-z][a-z0-9-]+)", run("--help")[1].decode()))
+        self.assertGreater(len(options), 15)
+        for shell, name, script in [
+            ("bash", "pageslice.bash", "COMP_WORDS=(pageslice --ru); COMP_CWORD=1; _pageslice; echo ${COMPREPLY[@]}"),
+            ("fish", "pageslice.fish", "complete -C 'pageslice --ru'"),
+            ("zsh", "_pageslice", "")]:
+            with self.subTest(shell=shell):
+                text = (folder / name).read_text()
+                self.assertEqual([o for o in options if not re.search(rf"(--|-l ){o}\b", text)], [])
+                if shutil.which(shell) and script:
+                    said = subprocess.check_output([shell, "-c", f"source '{folder / name}'; {script}"], text=True)
+                    self.assertEqual(said.split()[0], "--rules")
+                elif shutil.which(shell):
+                    subprocess.check_call([shell, "-n", folder / name])
+
     def write(self, pages):
         """Puts these pages and the samples into files; gives the files and their bytes."""
         pages = {**pages, **{path.stem: path.read_bytes() for path in SAMPLES.glob("*.html")}}

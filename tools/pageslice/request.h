@@ -21,8 +21,9 @@ struct Request {
 // points into it. What is no Unicode becomes U+FFFD; only where that does not fit in place does it go to
 // `repaired`. Other members are passed over without being judged. Throws Failure.
 //
-// Made for this because the libraries' readers either build trees, or take memory by the depth of the line,
-// or end at the first broken character. Where it throws, `request` holds what came before.
+// Made for this: of a line of 256 MiB of opening brackets, simdjson's reader on demand takes three times the
+// line besides it and RapidJSON's iterative one seven times; the first refuses a page with one broken
+// character, both a lone surrogate. Where it throws, `request` holds what came before.
 void readRequest(Bytes& line, Bytes& repaired, Request& request);
 
 } // namespace program
