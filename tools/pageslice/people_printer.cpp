@@ -308,7 +308,8 @@ private:
 
     std::string fit(const std::string& line) const { return options.toTerminal ? withMarks(line) : line; }
 
-    std::size_t left() const { return most - std::min(most, out.size()); }
+    // Without the line end that follows.
+    std::size_t left() const { return most - std::min(most, out.size() + 1); }
 
     const Page& page;
     const Options& options;
