@@ -6,52 +6,12 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
-#define ONE(name) long double name(long double)
-#define TWO(name) long double name(long double, long double)
-ONE(acosl);
-ONE(asinl);
-ONE(atanl);
-ONE(ceill);
-ONE(cosl);
-ONE(coshl);
-ONE(expl);
-ONE(fabsl);
-ONE(floorl);
-ONE(logl);
-ONE(log10l);
-ONE(sinl);
-ONE(sinhl);
-ONE(sqrtl);
-ONE(tanl);
-ONE(tanhl);
-ONE(acoshl);
-ONE(asinhl);
-ONE(atanhl);
-ONE(cbrtl);
-ONE(erfl);
-ONE(erfcl);
-ONE(exp2l);
-ONE(expm1l);
-ONE(lgammal);
-ONE(log1pl);
-ONE(log2l);
-ONE(logbl);
-ONE(nearbyintl);
-ONE(rintl);
-ONE(roundl);
-ONE(tgammal);
-ONE(truncl);
-TWO(atan2l);
-TWO(fmodl);
-TWO(powl);
-TWO(copysignl);
-TWO(fdiml);
-TWO(fmaxl);
-TWO(fminl);
-TWO(hypotl);
-TWO(nextafterl);
-TWO(nexttowardl);
-TWO(remainderl);
+typedef long double one(long double);
+typedef long double two(long double, long double);
+one acosl, asinl, atanl, ceill, cosl, coshl, expl, fabsl, floorl, logl, log10l, sinl, sinhl, sqrtl, tanl,
+    tanhl, acoshl, asinhl, atanhl, cbrtl, erfl, erfcl, exp2l, expm1l, lgammal, log1pl, log2l, logbl,
+    nearbyintl, rintl, roundl, tgammal, truncl;
+two atan2l, fmodl, powl, copysignl, fdiml, fmaxl, fminl, hypotl, nextafterl, nexttowardl, remainderl;
 long double frexpl(long double, int*);
 long double ldexpl(long double, int);
 long double modfl(long double, long double*);
@@ -66,8 +26,6 @@ long long llrintl(long double);
 long long llroundl(long double);
 float erfcf(float);
 float nexttowardf(float, long double);
-#undef ONE
-#undef TWO
 #ifdef __cplusplus
 }
 #endif
