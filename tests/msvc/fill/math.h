@@ -6,12 +6,12 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
-typedef long double one(long double);
-typedef long double two(long double, long double);
-one acosl, asinl, atanl, ceill, cosl, coshl, expl, fabsl, floorl, logl, log10l, sinl, sinhl, sqrtl, tanl,
+typedef long double fill_one(long double);
+typedef long double fill_two(long double, long double);
+fill_one acosl, asinl, atanl, ceill, cosl, coshl, expl, fabsl, floorl, logl, log10l, sinl, sinhl, sqrtl, tanl,
     tanhl, acoshl, asinhl, atanhl, cbrtl, erfl, erfcl, exp2l, expm1l, lgammal, log1pl, log2l, logbl,
     nearbyintl, rintl, roundl, tgammal, truncl;
-two atan2l, fmodl, powl, copysignl, fdiml, fmaxl, fminl, hypotl, nextafterl, nexttowardl, remainderl;
+fill_two atan2l, fmodl, powl, copysignl, fdiml, fmaxl, fminl, hypotl, nextafterl, nexttowardl, remainderl;
 long double frexpl(long double, int*);
 long double ldexpl(long double, int);
 long double modfl(long double, long double*);
