@@ -1,6 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# bench/check.sh           counts instructions: no stage takes more than it did, and hostile pages cost linear work
+# bench/check.sh           counts instructions and data misses: no stage takes more than it did, and hostile pages cost
+#                          linear work
 # bench/check.sh --store   stores the figures that the stages are compared with
 set -eu
 here=$(dirname "$0")

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// pageslice_job [--stage NAME] [--rounds N] FILE|FOLDER...
+// pageslice_job [--stage NAME] [--rounds N] [--everyday BYTES] FILE|FOLDER...
 //
 // Does the whole job, or one stage of it, for each page in turn, N rounds; prints the speed, what was
-// allocated and what was found. Under callgrind with --instr-atstart=no exactly the rounds are counted.
+// allocated and what was found. --everyday makes one more page, of so many bytes. Under callgrind with
+// --instr-atstart=no exactly the rounds are counted.
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "callgrind.h"
+#include "hostile.h"
 #include "page_set.h"
 
 namespace {
@@ -23,13 +25,14 @@ using namespace bench;
 struct Options {
     std::string stage = "job";
     int rounds = 15;
+    int everydayBytes = 0;
     std::vector<std::string> paths;
 };
 
 int ReadNumber(const std::string& s) {
     int n = 0;
     if (std::from_chars(s.data(), s.data() + s.size(), n).ec != std::errc() || n < 1) {
-        throw std::runtime_error("not a number of rounds: " + s);
+        throw std::runtime_error("not a number above 0: " + s);
     }
     return n;
 }
@@ -44,6 +47,8 @@ Options ReadOptions(int argc, char** argv) {
             options.stage = argv[++i];
         } else if (word == "--rounds" && i + 1 < argc) {
             options.rounds = ReadNumber(argv[++i]);
+        } else if (word == "--everyday" && i + 1 < argc) {
+            options.everydayBytes = ReadNumber(argv[++i]);
         } else {
             throw std::runtime_error("cannot use " + word);
         }
@@ -79,7 +84,11 @@ void PrintSpeed(std::vector<double> seconds, std::size_t bytes) {
 
 void Main(const Options& options) {
     const Stage& stage = StageNamed(options.stage);
-    PageSet pages(LoadPages(options.paths));
+    std::vector<Page> loaded = LoadPages(options.paths);
+    if (options.everydayBytes > 0) {
+        loaded.emplace_back(MakePage(EverydayFamily(), static_cast<std::size_t>(options.everydayBytes)));
+    }
+    PageSet pages(std::move(loaded));
     if (pages.Bytes() == 0) {
         throw std::runtime_error("no pages");
     }
