@@ -75,4 +75,5 @@ def main():
     sys.exit(above > 0)
 
 
-main()
+if __name__ == "__main__":
+    main()

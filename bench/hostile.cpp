@@ -118,6 +118,15 @@ std::string MakePage(const Family& family, std::size_t n) {
     return page;
 }
 
+std::string MakeUnits(const Family& family, std::size_t count) {
+    std::string page(family.begin);
+    for (std::size_t number = 1; number <= count; ++number) {
+        AppendUnit(page, family.unit, number);
+    }
+    page += family.end;
+    return page;
+}
+
 std::span<const Family> HostileFamilies() noexcept {
     return FAMILIES;
 }

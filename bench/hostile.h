@@ -22,6 +22,9 @@ struct Family {
 // A page of n bytes, or as few more as the last unit and the end need.
 std::string MakePage(const Family& family, std::size_t n);
 
+// A page of so many units.
+std::string MakeUnits(const Family& family, std::size_t count);
+
 std::span<const Family> HostileFamilies() noexcept;
 
 // An everyday page: about as many links, images and words for its size as pages of the web have.

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
 // pageslice_bench CORPUS SAMPLES [Google Benchmark's own options]
 //
-// Times every stage and every peer over both folders of pages, the whole job on one page of growing size, and
-// the whole job on each hostile family. Processor time is what counts. The environment variable
-// PAGESLICE_SCAN names the scan implementation; where the processor lacks it nothing runs and the status
-// is 3.
+// Times every stage and every peer over both folders of pages, the whole job of both readers on the pages of
+// each kind, on one page of growing size and on each hostile family, and what single things cost. Processor
+// time is what counts. The environment variable PAGESLICE_SCAN names the scan implementation; where the
+// processor lacks it nothing runs and the status is 3.
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <deque>
 #include <exception>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,7 +21,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include "callgrind.h"
 #include "hostile.h"
+#include "kinds.h"
 #include "page_set.h"
 
 namespace {
@@ -77,6 +85,69 @@ void RegisterPage(const std::string& name, const Family& family, std::size_t n) 
     })->Unit(benchmark::kMicrosecond);
 }
 
+const Stage& StageNamed(std::string_view name) {
+    return *std::find_if(Stages().begin(), Stages().end(),
+                         [name](auto& stage) { return stage.name == name; });
+}
+
+// The four pages take turns, and of each the fastest turn counts: other work on the machine only ever adds.
+void MeasureCost(benchmark::State& state, const Cost& cost, const Stage& stage, const std::string& name) {
+    std::deque<PageSet> pages;
+    for (Page& page : PagesOf(cost)) {
+        std::vector<Page> one;
+        one.push_back(std::move(page));
+        pages.emplace_back(std::move(one)).Round(stage);
+    }
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const std::string label =
+            name + "/" + std::to_string(COST_UNITS * cost.things) + " @ " + std::to_string(i);
+        CALLGRIND_START_INSTRUMENTATION;
+        CALLGRIND_ZERO_STATS;
+        pages[i].Round(stage);
+        CALLGRIND_DUMP_STATS_AT(label.c_str());
+        CALLGRIND_STOP_INSTRUMENTATION;
+    }
+    std::array<double, 4> best;
+    best.fill(std::numeric_limits<double>::infinity());
+    for ([[maybe_unused]] auto _ : state) {
+        for (std::size_t i = 0; i < best.size(); ++i) {
+            const auto begin = std::chrono::steady_clock::now();
+            pages[i].Round(stage);
+            const std::chrono::duration<double, std::nano> took = std::chrono::steady_clock::now() - begin;
+            best[i] = std::min(best[i], took.count());
+        }
+    }
+    state.counters["ns"] = PerThing(cost, best);
+}
+
+void RegisterCost(const Cost& cost, const char* reader, const Stage& stage) {
+    const std::string name = std::string("cost/") + cost.name + ", " + reader;
+    benchmark::RegisterBenchmark(name.c_str(), [&cost, &stage, name](benchmark::State& state) {
+        MeasureCost(state, cost, stage, name);
+    });
+}
+
+void RegisterCosts() {
+    for (const Cost& cost : Costs()) {
+        RegisterCost(cost, "classic", StageNamed("pass"));
+        if (!cost.isClassicOnly) {
+            RegisterCost(cost, "standard", StageNamed("standard_pass"));
+        }
+    }
+}
+
+void RegisterKinds(std::deque<PageSet>& kinds, const std::vector<Page>& pages) {
+    for (const Kind& kind : Kinds()) {
+        PageSet& chosen = kinds.emplace_back(PagesOfKind(kind, pages));
+        for (const Stage& stage : Stages()) {
+            const std::string_view name(stage.name);
+            if (name == "job" || name == "standard" || name == "libxml2" || name == "gumbo") {
+                Register(std::string("kind/") + kind.name + "/" + stage.name, chosen, stage);
+            }
+        }
+    }
+}
+
 void RegisterAll(PageSet& corpus, PageSet& samples) {
     for (const Stage& stage : Stages()) {
         Register(std::string("corpus/") + stage.name, corpus, stage);
@@ -106,7 +177,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        PageSet corpus(LoadPages({argv[1]}));
+        std::vector<Page> loaded = LoadPages({argv[1]});
+        std::deque<PageSet> kinds;
+        RegisterKinds(kinds, loaded);
+        RegisterCosts();
+        PageSet corpus(std::move(loaded));
         PageSet samples(LoadPages({argv[2]}));
         RegisterAll(corpus, samples);
         benchmark::RunSpecifiedBenchmarks();

@@ -37,11 +37,25 @@ def medians(path):
     """By name of the benchmark, in the order of registration: what one row shows."""
     rows = {}
     for run in sorted(json.loads(path.read_text())["benchmarks"], key=lambda run: run["family_index"]):
-        if run["aggregate_name"] == "median":
+        if run["aggregate_name"] == "median" and not run["run_name"].startswith("cost/"):
             rows[run["run_name"]] = {"GB/s": run["bytes_per_second"] / 1e9,
                                      "us/page": run["cpu_time"] / run["pages"],
                                      **{name: run[name] for name in COLUMNS}}
     return rows
+
+
+def collect_costs(folder):
+    """What one thing costs: nanoseconds at each level that was timed, instructions at each that was counted."""
+    costs = {}
+    for level, label in LEVELS.items():
+        if (path := folder / f"{level}.json").exists():
+            for run in json.loads(path.read_text())["benchmarks"]:
+                if run["aggregate_name"] == "median" and run["run_name"].startswith("cost/"):
+                    costs.setdefault(run["run_name"][len("cost/"):], {})[f"ns, {label}"] = run["ns"]
+    for level, counted in json.loads((folder / "costs.json").read_text()).items():
+        for name, count in counted.items():
+            costs[name[len("cost/"):]][f"instructions, {LEVELS[level]}"] = count
+    return dict(sorted(costs.items()))
 
 
 def collect(folder):
@@ -63,7 +77,7 @@ def collect(folder):
                     times = found[f"corpus/{stage}"]["GB/s"] / found[f"corpus/{peer}"]["GB/s"]
                     rows[f"{stage}, {LEVELS[level]}"][f"times {peer}"] = times
         rows[f"text, {LEVELS[level]}"]["of memcpy"] = found["corpus/text"]["GB/s"] / found["corpus/memcpy"]["GB/s"]
-    rows.update({name: row for name, row in best.items() if name.startswith(("growth/", "hostile/"))})
+    rows.update({name: row for name, row in best.items() if name.startswith(("kind/", "growth/", "hostile/"))})
     return rows
 
 
@@ -88,6 +102,8 @@ def print_table(report):
               f"{row['allocations_max']:8.0f}{row['peak'] / 1000:9.0f}{row['peak_max'] / 1000:8.0f}"
               f"{row['links']:9.0f}{row['images']:8.0f}{row['text']:11.0f}"
               + "".join(f"  {row[key]:.2f} {key}" for key in row if key.startswith(("times", "of "))))
+    for name, costs in report["costs"].items():
+        print(f"one {name:42}" + ", ".join(f"{value:.1f} {unit}" for unit, value in costs.items()))
     for level, stages in report["instructions_per_byte"].items():
         print(f"instructions per byte, {level}: " + ", ".join(f"{stage} {n:.2f}" for stage, n in stages.items()))
 
@@ -134,7 +150,7 @@ def chart(report):
 
 def main():
     results, docs = (pathlib.Path(name) for name in sys.argv[1:])
-    report = {"context": machine(), "rows": collect(results),
+    report = {"context": machine(), "rows": collect(results), "costs": collect_costs(results),
               "instructions_per_byte": json.loads((results / "instructions.json").read_text())}
     print_table(report)
     warn_of_unlike_processes(results)

@@ -13,7 +13,7 @@ mkdir -p "$results"
 
 # The best implementation of this machine does everything, the others what the table compares.
 everything=.
-stages='^corpus/(job|pass|lists|text|standard|tokens|libxml2|memcpy)$|^samples/job$'
+stages='^corpus/(job|pass|lists|text|standard|tokens|libxml2|memcpy)$|^samples/job$|^cost/'
 filter=$everything
 # Other work on the machine comes and goes: the repetitions of a benchmark are spread over the whole run.
 for scan in avx512 avx2 sse2 portable; do
@@ -29,4 +29,5 @@ for scan in avx512 avx2 sse2 portable; do
   esac
 done
 bench/guard.py "$programs/pageslice_job" --on "$corpus" >"$results/instructions.json"
+bench/costs.py "$programs/pageslice_bench" samples >"$results/costs.json"
 bench/report.py "$results" docs
